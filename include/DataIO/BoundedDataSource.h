@@ -1,0 +1,18 @@
+#pragma once
+
+#include "DataIO/DataSource.h"
+
+namespace Vantry { namespace DataIO {
+
+/// A source that knows where it ends.
+class VANTRY_EXPORT BoundedDataSource : public DataSource
+{
+public:
+    /// Bytes from here to the end.
+    virtual UInt64 remaining() const = 0;
+
+    /// Moves to the end.
+    virtual void discard() = 0;
+};
+
+}}
