@@ -31,6 +31,7 @@ std::vector<Room> const ROOMS = {
     {"Templates", 1, 1},
     {"Utils/Text", 1, 1},
     {"Utils/TimeCode", 1, 1},
+    {"Utils/TimeCodeExtended", 1, 1},
     {"Utils/Calendar", 1, 1},
     {"Utils/Time", 1, 1},
     {"DataIO", 2, 2},
