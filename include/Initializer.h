@@ -31,7 +31,8 @@ public:
 
     /// Takes all singletons down, the last registered library first, and the
     /// instance with them. A second call does nothing; `instance` afterwards
-    /// starts anew.
+    /// starts anew. What a teardown throws goes on to the caller, and what is
+    /// left waits for the next call.
     static void shutdown();
 
     /// Guards the creation of every singleton and the generators of
@@ -40,6 +41,8 @@ public:
 
     /// Remembers how to take a singleton of `library` down. The caller holds
     /// `singletonMutex`.
+    ///
+    /// \throws Exceptions::BadAlloc; the teardown is then not registered.
     void registerSingleton(void (*teardown)(), VANTRY_LIBRARY_ID library);
 
     /// Takes the singletons of `library` down, the last registered first. The
@@ -52,6 +55,7 @@ private:
     ~Initializer();
 
     class SingletonRegistry;
+    SingletonRegistry * registry_;
 };
 
 }

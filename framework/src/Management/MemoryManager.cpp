@@ -46,7 +46,8 @@ void MemoryManager::deallocate(void * pointer)
 
 void * MemoryManager::reallocate(void * pointer, std::size_t size)
 {
-    return std::realloc(pointer, size);
+    // A size of 0 would free the old piece and return null all the same.
+    return std::realloc(pointer, size == 0 ? 1 : size);
 }
 
 IRegisteredObject * MemoryManager::registerObject(char const * name, IRegisteredObject * (*create)())
