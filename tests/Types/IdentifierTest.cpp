@@ -1,0 +1,258 @@
+#include "Exceptions/BaseException.h"
+#include "Platform/Text.h"
+#include "Types/LocalTag.h"
+#include "Types/UMID32.h"
+#include "Types/UMID64.h"
+#include "Types/UUID.h"
+#include "Types/UniversalLabel.h"
+#include "support/Bytes.h"
+#include "support/Failure.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <random>
+#include <string>
+
+namespace Vantry { namespace Tests {
+
+namespace {
+
+using Encoding = Types::StringRepresentationEncodingType;
+
+Encoding const DOTTED = Encoding::DOTTED_BYTES;
+Encoding const HEXADECIMAL = Encoding::HEXADECIMAL;
+Encoding const OID = Encoding::OID;
+Encoding const RFC4122 = Encoding::RFC4122;
+Encoding const NATIVE = Encoding::NATIVE;
+
+// Tests speak of all classes in the same way.
+struct Kind
+{
+    char const * name;
+    std::size_t size;
+    Encoding native;
+    Bytes (*load)(std::string const & text, Encoding encoding);
+    std::string (*render)(Bytes const & bytes, Encoding encoding);
+};
+
+template <class Identifier>
+Kind kind(char const * name, std::size_t size, Encoding native)
+{
+    return {name, size, native,
+            [](std::string const & text, Encoding encoding)
+            {
+                Identifier const loaded(Platform::stringToWstring(text.c_str()).c_str(), encoding);
+                return Bytes(loaded.rawBuffer(), loaded.rawBuffer() + loaded.size());
+            },
+            [](Bytes const & bytes, Encoding encoding)
+            {
+                return std::string(
+                    Platform::wstringToString(Identifier(bytes.data()).toString(encoding).c_str()).c_str());
+            }};
+}
+
+Kind const TAG = kind<Types::LocalTag>("LocalTag", 2, HEXADECIMAL);
+Kind const LABEL = kind<Types::UniversalLabel>("UniversalLabel", 16, OID);
+Kind const UUID = kind<Types::UUID>("UUID", 16, RFC4122);
+Kind const UMID32 = kind<Types::UMID32>("UMID32", 32, HEXADECIMAL);
+Kind const UMID64 = kind<Types::UMID64>("UMID64", 64, HEXADECIMAL);
+
+Kind const KINDS[] = {TAG, LABEL, UUID, UMID32, UMID64};
+
+// "InvalidLabel: message" of what the action throws.
+std::string failureOf(std::function<void()> const & action)
+{
+    try
+    {
+        action();
+    }
+    catch (Exceptions::BaseException const & failure)
+    {
+        std::string const what = Platform::wstringToString(failure.what()).c_str();
+        std::size_t const name = what.rfind("::", what.find("' (")) + 2;
+        return what.substr(name, what.find('\'', name) - name) + ": " +
+               Platform::wstringToString(failure.message()).c_str();
+    }
+    return "none";
+}
+
+}
+
+TEST(IdentifierText, LoadsWhatItRendered)
+{
+    std::mt19937 random(4711);
+    for (Kind const & kind : KINDS)
+        for (int round = 0; round < 1000; ++round)
+        {
+            Bytes bytes(kind.size);
+            for (unsigned char & byte : bytes)
+                byte = static_cast<unsigned char>(random() % 3 == 0 ? 0 : random());
+            if (kind.native == OID)
+            {
+                Bytes const prefix = hex("06 0E 2B 34 02");
+                std::copy(prefix.begin(), prefix.end(), bytes.begin());
+            }
+
+            for (Encoding encoding : {DOTTED, kind.native, NATIVE})
+            {
+                std::string const text = kind.render(bytes, encoding);
+                ASSERT_EQ(kind.load(text, encoding), bytes) << kind.name << ' ' << text;
+            }
+        }
+}
+
+TEST(IdentifierText, HasItsForms)
+{
+    struct Case
+    {
+        Kind const & kind;
+        Encoding encoding;
+        std::string text;
+        Bytes bytes;
+        std::string rendered;
+    };
+
+    Bytes const uuid = hex("F81D4FAE 7DEC 11D0 A765 00A0C91E6BF6");
+    Case const cases[] = {
+        {TAG, HEXADECIMAL, "0x3c0a", hex("3C 0A"), "0x3c0a"},
+        {TAG, NATIVE, "0xFFaB", hex("FF AB"), "0xffab"},
+        {TAG, DOTTED, "3c.0a", hex("3C 0A"), "3c.0a"},
+        {TAG, DOTTED, "3C:0A", hex("3C 0A"), "3c.0a"},
+        // A digit for a separator belongs to the number, whose low byte counts.
+        {TAG, DOTTED, "3cb0a", hex("0A 0A"), "0a.0a"},
+        {UUID, RFC4122, "f81d4fae-7dec-11d0-a765-00a0c91e6bf6", uuid, "f81d4fae-7dec-11d0-a765-00a0c91e6bf6"},
+        {UUID, NATIVE, "F81D4FAE_7DEC.11D0 A765x00A0C91E6BF6", uuid, "f81d4fae-7dec-11d0-a765-00a0c91e6bf6"},
+        {LABEL, OID, "1.3.53.4", hex("060E2B34 04") + repeated(11, 0), "1.3.53.4"},
+        {LABEL, OID, "1.3.53.0", hex("060E2B34") + repeated(12, 0), "1.3.53"},
+        {LABEL, NATIVE, "1.3.53.4.0.0.255", hex("060E2B34 04 00 00 FF") + repeated(8, 0), "1.3.53.4.0.0.255"},
+        {LABEL, OID, "1.3.53. 7.+8.x.9y..10", hex("060E2B34 07 08 00 09 00 0A") + repeated(6, 0),
+         "1.3.53.7.8.0.9.0.10"},
+        {LABEL, OID, "1.3.53.1.2.3.4.5.6.7.8.9.10.11.0", hex("060E2B34 010203040506070809 0A 0B 00"),
+         "1.3.53.1.2.3.4.5.6.7.8.9.10.11"},
+    };
+    for (Case const & c : cases)
+    {
+        SCOPED_TRACE(c.text);
+        EXPECT_EQ(c.kind.load(c.text, c.encoding), c.bytes);
+        EXPECT_EQ(c.kind.render(c.bytes, c.encoding), c.rendered);
+    }
+}
+
+TEST(IdentifierText, SaysWhatIsWrong)
+{
+    struct Case
+    {
+        Kind const & kind;
+        Encoding encoding;
+        std::string text;
+        std::string failure;
+    };
+
+    std::string const tooShort = "InvalidLength: Not enough data";
+    std::string const noDigits = "InvalidLabel: Label contains non Hexadecimal characters";
+    std::string const no0x = "InvalidLabel: Expecting 0x in the start of the plain hexadecimal string representation";
+    std::string const outOfRange = "InvalidLabel: OID contains values not in [0 - 255].";
+    std::string const otherPrefix = "InvalidLabel: OID contains initial values not according to type";
+    std::string const tooLong = "InvalidLength: OID contains more elements than expected";
+    std::string const digitForHyphen = "InvalidLabel: Expected a separator that is not an hexadecimal character";
+
+    Case const cases[] = {
+        {TAG, DOTTED, "", tooShort},
+        {TAG, DOTTED, "3c.0", tooShort},
+        {TAG, DOTTED, "3c.0a.", tooShort},
+        {TAG, DOTTED, "3c.g0", noDigits},
+        {TAG, DOTTED, "3c.0\xC4\xB0", noDigits}, // U+0130, whose low byte is "0"
+        {UMID64, DOTTED, "06.0e", tooShort},
+        {TAG, HEXADECIMAL, "0x3c0", tooShort},
+        {TAG, HEXADECIMAL, "0X3c0a", no0x},
+        {TAG, HEXADECIMAL, "0x3c0/", noDigits},
+        {UMID32, NATIVE, "0x3c0a", tooShort},
+        {UUID, RFC4122, "f81d4fae-7dec-11d0-a765-00a0c91e6bf", tooShort},
+        {UUID, RFC4122, "f81d4fae-7dec-11d0-a765-00a0c91e6bf6-", tooShort},
+        {UUID, RFC4122, "f81d4fag-7dec-11d0-a765-00a0c91e6bf6", noDigits},
+        {UUID, RFC4122, "f81d4fae-7dec-11d0a-765-00a0c91e6bf6", digitForHyphen},
+        {LABEL, OID, "", tooShort},
+        {LABEL, OID, "1.3", tooShort},
+        {LABEL, OID, "1.3.53", tooShort},
+        {LABEL, OID, "1.3.52.4", otherPrefix},
+        {LABEL, OID, "1.3.256", outOfRange},
+        {LABEL, OID, "1.3.53.256", outOfRange},
+        {LABEL, OID, "1.3.53.-1", outOfRange},
+        {LABEL, OID, "1.3.53.4294967297", outOfRange},
+        {LABEL, OID, "1.3.53.1.2.3.4.5.6.7.8.9.10.11.12.13", tooLong},
+        {LABEL, OID, "1.3.53.1.2.3.4.5.6.7.8.9.10.11.12.13.14.15.16.17", tooLong},
+    };
+    for (Case const & c : cases)
+        EXPECT_EQ(failureOf([&] { c.kind.load(c.text, c.encoding); }), c.failure) << c.kind.name << ' ' << c.text;
+}
+
+TEST(IdentifierText, RefusesFormsOfOtherClasses)
+{
+    Encoding const all[] = {HEXADECIMAL, OID, RFC4122, static_cast<Encoding>(5), static_cast<Encoding>(-1)};
+    for (Kind const & kind : KINDS)
+        for (Encoding encoding : all)
+        {
+            if (encoding == kind.native)
+                continue;
+            std::string const ending = std::string(kind.name) + " in the given string representation format";
+            EXPECT_EQ(failureOf([&] { kind.load("0x3c0a", encoding); }),
+                      "InvalidFormat: Don't know how to initialize " + ending);
+            EXPECT_EQ(failureOf([&] { kind.render(Bytes(kind.size), encoding); }),
+                      "InvalidFormat: Don't know how to represent " + ending);
+        }
+}
+
+TEST(Identifier, ComparesInStorageOrder)
+{
+    Types::UniversalLabel const low(hex("060E2B34 04010101 01020202 0304057F").data());
+    Types::UniversalLabel const high(hex("060E2B34 04010101 01020202 03040580").data());
+    EXPECT_TRUE(low < high);
+    EXPECT_FALSE(high < low);
+    EXPECT_TRUE(low != high);
+    EXPECT_TRUE(low == Types::UniversalLabel(low));
+
+    EXPECT_TRUE(Types::LocalTag(hex("01 FF").data()) < Types::LocalTag(hex("02 00").data()));
+}
+
+TEST(Identifier, GivesItsBytes)
+{
+    Types::UMID64 umid(counting(64).data());
+    umid[63] = 9;
+    Types::UID const & base = umid;
+    EXPECT_EQ(base[63], 9);
+    EXPECT_EQ(base[1], 1);
+    EXPECT_EQ(base.size(), 64);
+    EXPECT_EQ(base.serializedSize(), 64);
+
+    Templates::auto_ptr<Types::SimpleDataType> const clone = base.clone();
+    EXPECT_NE(clone->rawBuffer(), base.rawBuffer());
+    EXPECT_TRUE(dynamic_cast<Types::UMID64 &>(*clone) == umid);
+}
+
+TEST(LocalTag, IsStaticByItsFirstByte)
+{
+    EXPECT_FALSE(Types::LocalTag(hex("00 01").data()).isStaticLocalTag());
+    EXPECT_TRUE(Types::LocalTag(hex("01 00").data()).isStaticLocalTag());
+    EXPECT_TRUE(Types::LocalTag(hex("7F FF").data()).isStaticLocalTag());
+    EXPECT_FALSE(Types::LocalTag(hex("80 00").data()).isStaticLocalTag());
+}
+
+TEST(UniversalLabel, ComparesInPart)
+{
+    Types::UniversalLabel const a(counting(16).data());
+    Types::UniversalLabel b(a);
+    b[7] = 0x17;
+    Types::UniversalLabel mask(repeated(16, 0xFF).data());
+
+    EXPECT_EQ(Types::compare(a, a), 16);
+    EXPECT_EQ(Types::compare(a, b), 7);
+    EXPECT_TRUE(Types::compareN(a, b, 7));
+    EXPECT_FALSE(Types::compareN(a, b, 8));
+    EXPECT_TRUE(Types::compareN(a, a, 255));
+    EXPECT_FALSE(Types::compareMasked(a, b, mask));
+    mask[7] = 0xEF;
+    EXPECT_TRUE(Types::compareMasked(a, b, mask));
+}
+
+}}
