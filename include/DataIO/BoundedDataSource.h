@@ -8,6 +8,8 @@ namespace Vantry { namespace DataIO {
 class VANTRY_EXPORT BoundedDataSource : public DataSource
 {
 public:
+    ~BoundedDataSource() override;
+
     /// Bytes from here to the end.
     virtual UInt64 remaining() const = 0;
 

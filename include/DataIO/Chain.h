@@ -63,7 +63,7 @@ private:
 
     Place findBase(UInt64 position) const noexcept;
     static Templates::auto_ptr<Slice> makeSliceFromSingleSlice(Slice const & slice, UInt64 begin, UInt64 end);
-    Templates::auto_ptr<Slice> makeSliceFromSeveralSlices(Place base, Place last, UInt64 size) const;
+    Templates::auto_ptr<Slice> makeSliceFromSeveralSlices(Place base, Place last) const;
 };
 
 }}

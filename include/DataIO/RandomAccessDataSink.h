@@ -10,6 +10,8 @@ class VANTRY_EXPORT RandomAccessDataSink : public virtual DataSink, public virtu
 {
 public:
     VANTRY_CLASS_ALLOCATION
+
+    ~RandomAccessDataSink() override;
 };
 
 }}

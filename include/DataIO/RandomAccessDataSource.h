@@ -10,6 +10,8 @@ class VANTRY_EXPORT RandomAccessDataSource : public virtual BoundedDataSource, p
 {
 public:
     VANTRY_CLASS_ALLOCATION
+
+    ~RandomAccessDataSource() override;
 };
 
 }}

@@ -1,0 +1,145 @@
+#include "DataIO/Chain.h"
+#include "Platform/FixedSizeAllocator.h"
+#include "Quorvan/Framework/Management/IRegisteredObject.h"
+#include "Quorvan/Framework/Management/MemoryManager.h"
+#include "support/Slices.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <thread>
+#include <vector>
+
+namespace Vantry { namespace Tests {
+
+using DataIO::Chain;
+using DataIO::Slice;
+using Quorvan::Framework::Management::IRegisteredObject;
+using Quorvan::Framework::Management::MemoryManager;
+using Templates::auto_ptr;
+
+namespace {
+
+UInt64 const MANY = 1000;
+
+CountingBlocks blocks;
+
+// Goes with the other static objects of the program, when the library may
+// have left the stage already: only a sanitizer sees whether that is fine.
+Chain lateChain;
+
+// Fills a chain with slices that don't merge.
+void fill(Chain & chain, Slice const & slice, UInt64 count)
+{
+    while (count-- > 0)
+        chain.push_back(auto_ptr<Slice>(new Slice(slice)));
+}
+
+using Cells = std::set<void const *>;
+
+void note(Chain const & chain, Cells & cells)
+{
+    for (Slice const & slice : chain)
+        cells.insert(&slice);
+}
+
+}
+
+TEST(SliceAllocator, LosesNoCellWhenThreadsEnd)
+{
+    Slice const slice(*blocks.slice(counting(8)));
+    Cells cells;
+
+    for (int round = 0; round < 50; ++round)
+    {
+        Chain chain;
+        std::thread([&] { fill(chain, slice, MANY); }).join();
+        note(chain, cells);
+        std::thread([&] { chain.clear(); }).join();
+    }
+
+    // Cells that other tests left behind may have come first.
+    EXPECT_LE(cells.size(), 4 * MANY) << "made on one thread, dropped on the next";
+}
+
+TEST(SliceAllocator, ServesObjectsThatEndWithTheirThread)
+{
+    Slice const slice(*blocks.slice(counting(8)));
+    Cells cells;
+
+    for (int round = 0; round < 50; ++round)
+        std::thread(
+            [&]
+            {
+                // Made ahead of the thread's first slice, it ends behind the
+                // cells that the thread keeps.
+                static thread_local Chain chain;
+                fill(chain, slice, MANY);
+                note(chain, cells);
+            })
+            .join();
+
+    EXPECT_LE(cells.size(), 4 * MANY);
+    fill(lateChain, slice, MANY);
+}
+
+TEST(SliceAllocator, LetsThreadsDropSlicesOfOneBlock)
+{
+    int const alive = blocks.alive();
+    for (int round = 0; round < 20; ++round)
+    {
+        Chain chains[2];
+        auto_ptr<Slice> slice = blocks.slice(counting(8));
+        for (Chain & chain : chains)
+            fill(chain, *slice, MANY);
+        slice.reset();
+
+        std::vector<std::thread> threads;
+        for (Chain & chain : chains)
+            threads.emplace_back(
+                [&chain]
+                {
+                    while (!chain.empty())
+                        chain.erase(chain.begin());
+                });
+        for (std::thread & thread : threads)
+            thread.join();
+    }
+    EXPECT_EQ(blocks.alive(), alive);
+}
+
+TEST(SliceAllocator, SharesItsCellsWithOtherModules)
+{
+    char const * const NAME = "quorvan_memory_manager_slice_name";
+    delete new Slice;
+
+    auto * const shared = dynamic_cast<Platform::FixedSizeAllocator_T<48> *>(MemoryManager::registerObject(
+        NAME, []() -> IRegisteredObject * { throw std::logic_error("the library has registered it already"); }));
+    ASSERT_NE(shared, nullptr);
+
+    // What another module made is freed here, and serves it again.
+    std::vector<void *> cells;
+    for (UInt64 i = 0; i < MANY; ++i)
+        cells.push_back(shared->allocate());
+    std::thread(
+        [&]
+        {
+            for (void * cell : cells)
+                delete new (cell) Slice;
+        })
+        .join();
+
+    Cells again;
+    for (void * cell : cells)
+        again.insert(cell);
+    for (UInt64 i = 0; i < MANY; ++i)
+    {
+        cells[i] = shared->allocate();
+        EXPECT_EQ(again.count(cells[i]), 1u);
+    }
+    for (void * cell : cells)
+        shared->deallocate(cell);
+    MemoryManager::unregisterObject(NAME);
+}
+
+}}
