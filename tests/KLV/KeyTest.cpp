@@ -1,0 +1,134 @@
+#include "KLV/FillItem.h"
+#include "KLV/KeyPredicates.h"
+#include "support/Bytes.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+using namespace Vantry;
+using namespace Vantry::Tests;
+
+namespace {
+
+struct Predicate
+{
+    char const * name;
+    bool (*holds)(KLV::Key const &) noexcept;
+};
+
+Predicate const PREDICATES[] = {
+    {"local set", KLV::isLocalSet},
+    {"MXF set", KLV::isMXFDefaultLocalSet},
+    {"pack", KLV::isFixedPack},
+    {"structural", KLV::isStructuralMetadataSet},
+    {"descriptive", KLV::isDescriptiveMetadataSet},
+    {"metadata", KLV::isMetadataSet},
+    {"index", KLV::isIndexTableKlvSegment},
+    {"fill", KLV::isFillItem},
+    {"essence", KLV::isEssence},
+};
+
+std::string kindsOf(KLV::Key const & key)
+{
+    std::string kinds;
+    for (Predicate const & predicate : PREDICATES)
+        if (predicate.holds(key))
+            kinds += (kinds.empty() ? "" : ", ") + std::string(predicate.name);
+    return kinds;
+}
+
+struct Case
+{
+    char const * key;
+    char const * kinds;
+};
+
+Case const CASES[] = {
+    // A preface, then each byte that makes it one.
+    {"06 0E 2B 34 02 53 01 01 0D 01 01 01 01 01 2F 00", "local set, MXF set, structural, metadata"},
+    {"06 0E 2B 34 02 53 01 02 0D 01 01 01 01 01 2F 00", "local set, MXF set"},
+    {"06 0E 2B 34 02 53 01 01 0D 01 01 01 02 01 2F 00", "local set, MXF set"},
+    {"06 0E 2B 34 02 53 01 01 0D 01 01 01 01 01 2F 01", "local set, MXF set"},
+    {"06 0E 2B 34 02 13 01 01 0D 01 01 01 01 01 2F 00", "local set"},
+    {"06 0E 2B 34 02 D3 01 01 0D 01 01 01 01 01 2F 00", ""},
+    {"06 0E 2B 34 01 53 01 01 0D 01 01 01 01 01 2F 00", ""},
+    {"06 0E 2B 35 02 53 01 01 0D 01 01 01 01 01 2F 00", ""},
+
+    // Sets of a descriptive scheme, whatever they code tags and lengths with.
+    {"06 0E 2B 34 02 53 01 01 0D 01 04 01 01 01 01 00", "local set, MXF set, descriptive, metadata"},
+    {"06 0E 2B 34 02 7B 01 01 0D 01 04 01 09 09 09 09", "local set, descriptive, metadata"},
+    {"06 0E 2B 34 02 05 01 01 0D 01 04 01 01 01 01 00", "pack"},
+
+    // A header partition and an index table segment.
+    {"06 0E 2B 34 02 05 01 01 0D 01 02 01 01 02 04 00", "pack"},
+    {"06 0E 2B 34 02 53 01 01 0D 01 02 01 01 10 01 00", "local set, MXF set, index"},
+    {"06 0E 2B 34 02 53 01 01 0D 01 02 01 01 10 01 01", "local set, MXF set"},
+
+    // Fill of any version.
+    {"06 0E 2B 34 01 01 01 01 03 01 02 10 01 00 00 00", "fill"},
+    {"06 0E 2B 34 01 01 01 FF 03 01 02 10 01 00 00 00", "fill"},
+    {"06 0E 2B 34 01 01 02 01 03 01 02 10 01 00 00 00", ""},
+    {"06 0E 2B 34 01 01 01 01 03 01 02 10 01 00 00 01", ""},
+
+    // A picture element, a set and a pack of a system item.
+    {"06 0E 2B 34 01 02 01 01 0D 01 03 01 15 01 05 01", "essence"},
+    {"06 0E 2B 34 01 02 01 02 0D 01 03 01 15 01 05 01", ""},
+    {"06 0E 2B 34 02 43 01 01 0D 01 03 01 04 02 01 00", "local set, essence"},
+    {"06 0E 2B 34 02 05 01 01 0D 01 03 01 04 01 01 00", "pack, essence"},
+    {"06 0E 2B 34 02 06 01 01 0D 01 03 01 04 01 01 00", ""},
+    {"06 0E 2B 34 02 05 01 01 0D 01 03 02 04 01 01 00", "pack"},
+};
+
+}
+
+TEST(Key, TellsWhatItIsTheKeyOf)
+{
+    for (Case const & c : CASES)
+        EXPECT_EQ(kindsOf(KLV::Key(hex(c.key).data())), c.kinds) << c.key;
+}
+
+TEST(Key, TellsHowALocalSetIsCoded)
+{
+    struct Coding
+    {
+        unsigned char designator;
+        int tagLength, lengthLength;
+    };
+    Coding const CODINGS[] = {
+        {0x03, 1, 0}, {0x0B, 1, 0}, {0x33, 2, 1}, {0x53, 2, 2}, {0x7B, 4, 4}, {0x05, 0, 0}, {0xD3, 0, 0},
+    };
+
+    KLV::Key key(hex("06 0E 2B 34 02 53 01 01 0D 01 01 01 01 01 2F 00").data());
+    for (Coding const & coding : CODINGS)
+    {
+        key[5] = coding.designator;
+        EXPECT_EQ(key.localTagFieldLength(), coding.tagLength) << int(coding.designator);
+        EXPECT_EQ(key.lengthFieldLength(), coding.lengthLength) << int(coding.designator);
+    }
+}
+
+TEST(Key, IsOrderedByItsFirstDifferentByte)
+{
+    KLV::Key const low(hex("00 00 00 00 00 00 00 00 00 00 00 00 00 00 7F 80").data());
+    KLV::Key const high(hex("00 00 00 00 00 00 00 00 00 00 00 00 00 00 80 00").data());
+
+    EXPECT_TRUE(low < high);
+    EXPECT_FALSE(high < low);
+    EXPECT_FALSE(low < low);
+    EXPECT_TRUE(low == KLV::Key(low));
+    EXPECT_TRUE(low != high);
+    EXPECT_EQ(Bytes(low.rawBuffer(), low.rawBuffer() + low.serializedSize()),
+              hex("00 00 00 00 00 00 00 00 00 00 00 00 00 00 7F 80"));
+}
+
+TEST(FillItemKey, BearsTheVersionThatWasSet)
+{
+    KLV::Key expected(hex("06 0E 2B 34 01 01 01 01 03 01 02 10 01 00 00 00").data());
+    EXPECT_TRUE(KLV::fillItemKey() == expected);
+
+    KLV::fillItemKey(2);
+    expected[7] = 2;
+    EXPECT_TRUE(KLV::fillItemKey() == expected);
+    KLV::fillItemKey(1);
+}

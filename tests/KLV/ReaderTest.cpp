@@ -1,0 +1,271 @@
+#include "KLV/Reader.h"
+
+#include "Exceptions/InvalidFormat.h"
+#include "Exceptions/KeyNotFound.h"
+#include "Exceptions/NotEnoughData.h"
+#include "support/Failure.h"
+#include "support/ForEachReadSize.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+using namespace Vantry;
+using namespace Vantry::Tests;
+
+namespace {
+
+Bytes const KEY = hex("06 0E 2B 34 01 02 01 01 0D 01 03 01 15 01 05 01");
+Bytes const FILL_KEY = hex("06 0E 2B 34 01 01 01 01 03 01 02 10 01 00 00 00");
+Bytes const PARTITION_KEY = hex("06 0E 2B 34 02 05 01 01 0D 01 02 01 01 02 04 00");
+
+Bytes bytesOf(KLV::Key const & key)
+{
+    return Bytes(key.rawBuffer(), key.rawBuffer() + key.size());
+}
+
+Bytes keyOfCategory(unsigned char category)
+{
+    Bytes key = KEY;
+    key[4] = category;
+    return key;
+}
+
+// Takes packets that start with 47h for packets too.
+class SyncByteReader : public KLV::Reader
+{
+public:
+    using Reader::Reader;
+
+private:
+    bool isValidStartKey(unsigned char * bytes, UInt64 size) override { return size == 5 && bytes[0] == 0x47; }
+};
+
+}
+
+TEST(Reader, WalksFromPacketToPacket)
+{
+    Bytes const stream = repeated(3, 0x06) + PARTITION_KEY + hex("03 AA BB CC") + FILL_KEY + hex("83 00 00 02 00 00") +
+                         KEY + hex("88 00 00 00 00 00 00 00 00");
+
+    forEachReadSize(stream,
+                    [](BytesSource & source)
+                    {
+                        KLV::Reader reader(source);
+                        EXPECT_EQ(&reader.source(), &source);
+                        UInt64 skipped = 99;
+                        {
+                            auto const packet = reader.nextKLV(skipped, 3);
+                            EXPECT_EQ(skipped, 3u);
+                            EXPECT_EQ(bytesOf(packet->key()), PARTITION_KEY);
+                            EXPECT_EQ(packet->keyAbsoluteOffset(), 3u);
+                            EXPECT_EQ(packet->berLength(), 1);
+                            EXPECT_EQ(packet->length(), 3u);
+                            EXPECT_EQ(packet->klvLength(), 20u);
+                            unsigned char byte = 0;
+                            packet->value().readValue(&byte, 1);
+                            EXPECT_EQ(byte, 0xAA);
+                        }
+                        {
+                            auto const fill = reader.nextKLV(skipped, 0);
+                            EXPECT_EQ(skipped, 0u);
+                            EXPECT_EQ(fill->berLength(), 4);
+                            EXPECT_EQ(fill->keyAbsoluteOffset(), 23u);
+                        }
+                        auto const empty = reader.nextKLV(skipped, 0);
+                        EXPECT_EQ(empty->berLength(), 9);
+                        EXPECT_TRUE(empty->value().endOfStream());
+                        EXPECT_FAILURE(NotEnoughData, "Not enough data", reader.nextKLV(skipped, 0));
+                        EXPECT_EQ(source.bytesRead(), 3 + 16 + 1 + 1 + 16 + 4 + 16 + 9u)
+                            << "values that nobody wants are not read";
+                    });
+}
+
+TEST(Reader, SkipsNoMoreThanItMay)
+{
+    Bytes const stream = repeated(20, 0x34) + KEY + hex("00");
+    forEachReadSize(
+        stream,
+        [](BytesSource & source)
+        {
+            KLV::Reader reader(source);
+            UInt64 skipped = 0;
+
+            EXPECT_FAILURE(KeyNotFound,
+                           "Exceeded maximum bytes to skip before finding a key. Started to search at 0x2 Skipped 0x12 "
+                           "current position: 0x19",
+                           (source.seek(2), reader.nextKLV(skipped, 17)));
+            EXPECT_EQ(source.absoluteOffset(), 25u) << "the source stays where the search stopped";
+
+            source.seek(2);
+            reader.nextKLV(skipped, 18);
+            EXPECT_EQ(skipped, 18u);
+
+            EXPECT_FAILURE(KeyNotFound,
+                           "Exceeded maximum bytes to skip before finding a key. Started to search at 0x0 Skipped 0x1 "
+                           "current position: 0x6",
+                           (source.seek(0), reader.peekNextKey(skipped, 0)));
+        });
+}
+
+TEST(Reader, TellsWhatIsNoPacket)
+{
+    struct Case
+    {
+        char const * name;
+        Bytes stream;
+    };
+    Case const CUT_OFF[] = {
+        {"nothing", {}},
+        {"less than a window", hex("06 0E 2B 34")},
+        {"end while searching", hex("00 06 0E 2B 34")},
+        {"key", KEY.first(15)},
+        {"no length", KEY},
+        {"length", KEY + hex("83 00 00")},
+    };
+    for (Case const & c : CUT_OFF)
+        forEachReadSize(c.stream,
+                        [&](BytesSource & source)
+                        {
+                            SCOPED_TRACE(c.name);
+                            UInt64 skipped = 0;
+                            EXPECT_FAILURE(NotEnoughData, "Not enough data", KLV::Reader(source).nextKLV(skipped, 100));
+                            EXPECT_TRUE(source.endOfStream());
+                        });
+
+    UInt64 skipped = 0;
+    BytesSource indefinite(KEY + hex("80 00 00"));
+    EXPECT_FAILURE(InvalidFormat, "Invalid BER size: 0x80", KLV::Reader(indefinite).nextKLV(skipped, 0));
+
+    BytesSource tooLong(KEY + hex("89 00 00 00 00 00 00 00 00 01 00"));
+    EXPECT_FAILURE(InvalidFormat,
+                   "berLength <= 9: Invalid BER length. Please refer to S377M, heading 5.3.4 for more details.",
+                   KLV::Reader(tooLong).nextKLV(skipped, 0));
+}
+
+TEST(Reader, LooksAtTheCategoryOfAPacketKey)
+{
+    for (int category = 0; category < 9; ++category)
+    {
+        SCOPED_TRACE(category);
+        bool const isPacket = category < 4 || category == 5;
+        BytesSource source(keyOfCategory(static_cast<unsigned char>(category)) + KEY);
+        KLV::Reader reader(source);
+        UInt64 skipped = 0;
+        reader.peekNextKey(skipped, 16);
+        EXPECT_EQ(skipped, isPacket ? 0u : 16u);
+
+        source.seek(0);
+        reader.peekNextKey(skipped, KLV::Reader::PEEK_SMPTE_KEY, 16);
+        EXPECT_EQ(skipped, 0u);
+    }
+}
+
+TEST(Reader, LetsASubclassTakeOtherKeys)
+{
+    BytesSource source(hex("00 00 47") + counting(15) + hex("02 00 00") + KEY + hex("00"));
+    SyncByteReader reader(source);
+    UInt64 skipped = 0;
+
+    EXPECT_EQ(bytesOf(reader.nextKLV(skipped, 2)->key()), hex("47") + counting(15));
+    EXPECT_EQ(skipped, 2u);
+    EXPECT_EQ(bytesOf(reader.nextKLV(skipped, 0)->key()), KEY);
+}
+
+TEST(Reader, TakesAPeekedKeyOnce)
+{
+    forEachReadSize(
+        hex("00") + KEY + hex("01 AA") + FILL_KEY + hex("00"),
+        [](BytesSource & source)
+        {
+            KLV::Reader reader(source);
+            UInt64 skipped = 0;
+
+            EXPECT_EQ(bytesOf(reader.peekNextKey(skipped, 1)), KEY);
+            EXPECT_EQ(skipped, 1u);
+            EXPECT_EQ(bytesOf(reader.peekNextKey(skipped, 0)), KEY);
+            EXPECT_EQ(skipped, 0u);
+            EXPECT_EQ(source.absoluteOffset(), 17u);
+            EXPECT_EQ(reader.nextKLV(skipped, 0)->keyAbsoluteOffset(), 1u);
+            EXPECT_EQ(bytesOf(reader.nextKLV(skipped, 0)->key()), FILL_KEY);
+
+            source.seek(1);
+            reader.peekNextKey(skipped, 0);
+            source.seek(19);
+            EXPECT_EQ(bytesOf(reader.nextKLV(skipped, 0)->key()), FILL_KEY)
+                << "the source was moved: a stale key is dropped";
+            source.seek(17);
+            EXPECT_FAILURE(KeyNotFound,
+                           "Exceeded maximum bytes to skip before finding a key. Started to search at 0x11 Skipped 0x1 "
+                           "current position: 0x17",
+                           reader.nextKLV(skipped, 0));
+        });
+}
+
+TEST(Reader, KeepsAPeekedKeyForEachThread)
+{
+    BytesSource source(KEY + hex("00") + FILL_KEY + hex("00"));
+    KLV::Reader reader(source);
+    UInt64 skipped = 0;
+    EXPECT_EQ(bytesOf(reader.peekNextKey(skipped, 0)), KEY);
+
+    for (int round = 0; round < 2; ++round)
+        std::thread(
+            [&]
+            {
+                UInt64 others = 0;
+                source.seek(16);
+                EXPECT_EQ(bytesOf(reader.peekNextKey(others, 1)), FILL_KEY)
+                    << "the other thread's key is not this one's";
+                EXPECT_EQ(others, 1u);
+                EXPECT_EQ(reader.nextKLV(others, 0)->keyAbsoluteOffset(), 17u);
+            })
+            .join();
+
+    source.seek(16);
+    EXPECT_EQ(reader.nextKLV(skipped, 0)->keyAbsoluteOffset(), 0u);
+}
+
+TEST(Reader, GivesEachThreadARecordAtTheSameTime)
+{
+    class EndlessSource : public BytesSource
+    {
+    public:
+        using BytesSource::BytesSource;
+        UInt64 read(unsigned char * destination, UInt64 howMuch) override
+        {
+            std::fill_n(destination, howMuch, static_cast<unsigned char>(0));
+            std::copy_n(KEY.data(), std::min<UInt64>(howMuch, 5), destination);
+            return howMuch;
+        }
+    };
+    EndlessSource source((Bytes()));
+    KLV::Reader reader(source);
+
+    auto const peekOften = [&]
+    {
+        UInt64 skipped = 0;
+        for (int i = 0; i < 1000; ++i)
+            reader.peekNextKey(skipped, 0);
+    };
+    std::thread first(peekOften), second(peekOften), third(peekOften);
+    first.join();
+    second.join();
+    third.join();
+}
+
+TEST(Reader, AllocatesNothingForAClaim)
+{
+    forEachReadSize(KEY + hex("88 40 00 00 00 00 00 00 00") + repeated(1000, 0),
+                    [](BytesSource & source)
+                    {
+                        KLV::Reader reader(source);
+                        UInt64 skipped = 0;
+                        {
+                            auto const packet = reader.nextKLV(skipped, 0);
+                            EXPECT_EQ(packet->length(), UInt64(1) << 62);
+                            EXPECT_EQ(packet->value().remaining(), UInt64(1) << 62);
+                        }
+                        EXPECT_TRUE(source.endOfStream());
+                    });
+}
