@@ -2,6 +2,10 @@
 
 #include "Platform/Allocation.h"
 #include "Platform/Export.h"
+#include "Templates/Containers.h"
+#include "Types/StringRepresentationEncodingType.h"
+
+#include <iosfwd>
 
 /// Key-length-value coding as SMPTE 336M defines it and MXF (SMPTE 377M) uses
 /// it.
@@ -30,6 +34,13 @@ public:
     /// \throws Exceptions::InvalidLength when the value has fewer left.
     explicit Key(Value & value);
 
+    /// Reads text: dotted bytes or OID, which is the native form.
+    ///
+    /// \throws Exceptions::InvalidFormat for another form.
+    /// \throws Exceptions::InvalidLength, Exceptions::InvalidLabel when the
+    ///         text doesn't follow its form.
+    Key(unsigned short const * text, Types::StringRepresentationEncodingType encoding);
+
     unsigned char const * rawBuffer() const noexcept { return bytes_; }
 
     /// A byte, counted from 0; the index is not checked.
@@ -38,6 +49,13 @@ public:
 
     unsigned short size() const noexcept { return SIZE; }
     unsigned short serializedSize() const noexcept { return SIZE; }
+
+    /// The key as text. An OID starts with the same numbers whatever bytes 0
+    /// to 4 are.
+    ///
+    /// \throws Exceptions::InvalidFormat for a form that is neither dotted
+    ///         bytes nor OID.
+    Templates::wstring toString(Types::StringRepresentationEncodingType encoding) const;
 
     /// Bytes of the length of each element in a local set with this key: 1, 2
     /// or 4; 0 for BER, and for a key of something else.
@@ -58,5 +76,8 @@ VANTRY_EXPORT bool operator!=(Key const & left, Key const & right) noexcept;
 
 /// Order by the first byte that differs.
 VANTRY_EXPORT bool operator<(Key const & left, Key const & right) noexcept;
+
+/// Writes the dotted bytes.
+VANTRY_EXPORT std::ostream & operator<<(std::ostream & out, Key const & key);
 
 }}

@@ -31,8 +31,13 @@ protected:
     /// All bytes zero.
     FixedSizeType() noexcept : bytes_() {}
 
-    /// Copies `N` bytes.
-    explicit FixedSizeType(unsigned char const * bytes) noexcept { std::memcpy(bytes_, bytes, N); }
+    /// Copies `N` bytes. Constants made so stand in the program's data, ahead
+    /// of any initialiser.
+    constexpr explicit FixedSizeType(unsigned char const * bytes) noexcept : bytes_()
+    {
+        for (unsigned i = 0; i < N; ++i)
+            bytes_[i] = bytes[i];
+    }
 
     /// Reads `N` bytes.
     ///

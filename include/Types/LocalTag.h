@@ -14,7 +14,7 @@ class VANTRY_EXPORT LocalTag : public Concrete<LocalTag, FixedSizeType<SimpleDat
 {
 public:
     /// Copies 2 bytes.
-    explicit LocalTag(unsigned char const * bytes) noexcept : Concrete(bytes) {}
+    constexpr explicit LocalTag(unsigned char const * bytes) noexcept : Concrete(bytes) {}
 
     /// Reads 2 bytes.
     ///

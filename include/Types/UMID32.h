@@ -12,7 +12,7 @@ class VANTRY_EXPORT UMID32 : public Concrete<UMID32, FixedSizeUID<UMID32, 32>>
 {
 public:
     /// Copies 32 bytes.
-    explicit UMID32(unsigned char const * bytes) noexcept : Concrete(bytes) {}
+    constexpr explicit UMID32(unsigned char const * bytes) noexcept : Concrete(bytes) {}
 
     /// Reads 32 bytes.
     ///

@@ -10,7 +10,7 @@ class VANTRY_EXPORT UMID64 : public Concrete<UMID64, FixedSizeUID<UMID64, 64>>
 {
 public:
     /// Copies 64 bytes.
-    explicit UMID64(unsigned char const * bytes) noexcept : Concrete(bytes) {}
+    constexpr explicit UMID64(unsigned char const * bytes) noexcept : Concrete(bytes) {}
 
     /// Reads 64 bytes.
     ///

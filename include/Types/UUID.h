@@ -10,7 +10,7 @@ class VANTRY_EXPORT UUID : public Concrete<UUID, FixedSizeUID<UUID, 16>>
 {
 public:
     /// Copies 16 bytes.
-    explicit UUID(unsigned char const * bytes) noexcept : Concrete(bytes) {}
+    constexpr explicit UUID(unsigned char const * bytes) noexcept : Concrete(bytes) {}
 
     /// Reads 16 bytes.
     ///

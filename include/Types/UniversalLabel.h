@@ -11,7 +11,7 @@ class VANTRY_EXPORT UniversalLabel : public Concrete<UniversalLabel, FixedSizeUI
 {
 public:
     /// Copies 16 bytes.
-    explicit UniversalLabel(unsigned char const * bytes) noexcept : Concrete(bytes) {}
+    constexpr explicit UniversalLabel(unsigned char const * bytes) noexcept : Concrete(bytes) {}
 
     /// Reads 16 bytes.
     ///

@@ -1,9 +1,12 @@
 #include "KLV/Key.h"
 
+#include "KLV/IdentifierText.h"
 #include "KLV/KeyPredicates.h"
 #include "KLV/Value.h"
+#include "Platform/Text.h"
 
 #include <cstring>
+#include <ostream>
 
 namespace Vantry { namespace KLV {
 
@@ -11,11 +14,23 @@ namespace {
 
 int const REGISTRY_DESIGNATOR = 5;
 
+IdentifierText const TEXT = {"Key", Types::StringRepresentationEncodingType::OID, &KEY_OID_PREFIX};
+
 }
 
 Key::Key(Value & value)
 {
     value.readValue(bytes_, SIZE);
+}
+
+Key::Key(unsigned short const * text, Types::StringRepresentationEncodingType encoding)
+{
+    loadFromString(text, encoding, TEXT, bytes_, SIZE);
+}
+
+Templates::wstring Key::toString(Types::StringRepresentationEncodingType encoding) const
+{
+    return KLV::toString(bytes_, SIZE, encoding, TEXT);
 }
 
 unsigned char Key::lengthFieldLength() const noexcept
@@ -43,6 +58,12 @@ bool operator!=(Key const & left, Key const & right) noexcept
 bool operator<(Key const & left, Key const & right) noexcept
 {
     return std::memcmp(left.rawBuffer(), right.rawBuffer(), left.size()) < 0;
+}
+
+std::ostream & operator<<(std::ostream & out, Key const & key)
+{
+    return out << Platform::wstringToString(
+               key.toString(Types::StringRepresentationEncodingType::DOTTED_BYTES).c_str());
 }
 
 }}

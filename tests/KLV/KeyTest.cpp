@@ -1,5 +1,7 @@
 #include "KLV/FillItem.h"
 #include "KLV/KeyPredicates.h"
+#include "Types/LabelPredicates.h"
+#include "Types/UniversalLabel.h"
 #include "support/Bytes.h"
 
 #include <gtest/gtest.h>
@@ -86,6 +88,33 @@ TEST(Key, TellsWhatItIsTheKeyOf)
 {
     for (Case const & c : CASES)
         EXPECT_EQ(kindsOf(KLV::Key(hex(c.key).data())), c.kinds) << c.key;
+}
+
+TEST(UniversalLabel, TellsTheSameOfItsKey)
+{
+    struct Pair
+    {
+        bool (*ofLabel)(Types::UniversalLabel const &) noexcept;
+        bool (*ofKey)(KLV::Key const &) noexcept;
+    };
+    Pair const PAIRS[] = {
+        {Types::isFixedPack, KLV::isFixedPack},
+        {Types::isStructuralMetadataSet, KLV::isStructuralMetadataSet},
+        {Types::isDescriptiveMetadataSet, KLV::isDescriptiveMetadataSet},
+        {Types::isMetadataSet, KLV::isMetadataSet},
+        {Types::isIndexTableKlvSegment, KLV::isIndexTableKlvSegment},
+        {Types::isFillItem, KLV::isFillItem},
+        {Types::isEssence, KLV::isEssence},
+        // The one that differs: with labels any local set will do.
+        {Types::isMXFDefaultLocalSet, KLV::isLocalSet},
+    };
+
+    for (Case const & c : CASES)
+    {
+        KLV::Key const key(hex(c.key).data());
+        for (Pair const & pair : PAIRS)
+            EXPECT_EQ(pair.ofLabel(key), pair.ofKey(key)) << c.key << ", predicate " << &pair - PAIRS;
+    }
 }
 
 TEST(Key, TellsHowALocalSetIsCoded)

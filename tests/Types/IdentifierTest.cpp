@@ -1,4 +1,5 @@
 #include "Exceptions/BaseException.h"
+#include "KLV/Key.h"
 #include "Platform/Text.h"
 #include "Types/LocalTag.h"
 #include "Types/UMID32.h"
@@ -12,9 +13,11 @@
 
 #include <functional>
 #include <random>
+#include <sstream>
 #include <string>
 
-namespace Vantry { namespace Tests {
+using namespace Vantry;
+using namespace Vantry::Tests;
 
 namespace {
 
@@ -58,7 +61,9 @@ Kind const UUID = kind<Types::UUID>("UUID", 16, RFC4122);
 Kind const UMID32 = kind<Types::UMID32>("UMID32", 32, HEXADECIMAL);
 Kind const UMID64 = kind<Types::UMID64>("UMID64", 64, HEXADECIMAL);
 
-Kind const KINDS[] = {TAG, LABEL, UUID, UMID32, UMID64};
+Kind const KEY = kind<KLV::Key>("Key", 16, OID);
+
+Kind const KINDS[] = {KEY, TAG, LABEL, UUID, UMID32, UMID64};
 
 // "InvalidLabel: message" of what the action throws.
 std::string failureOf(std::function<void()> const & action)
@@ -128,6 +133,8 @@ TEST(IdentifierText, HasItsForms)
         {LABEL, NATIVE, "1.3.53.4.0.0.255", hex("060E2B34 04 00 00 FF") + repeated(8, 0), "1.3.53.4.0.0.255"},
         {LABEL, OID, "1.3.53. 7.+8.x.9y..10", hex("060E2B34 07 08 00 09 00 0A") + repeated(6, 0),
          "1.3.53.7.8.0.9.0.10"},
+        {KEY, OID, "1.3.53.2.5.0.1", hex("060E2B34 02 05 00 01") + repeated(8, 0), "1.3.53.2.5.0.1"},
+        {KEY, NATIVE, "1.3.53.2.0", hex("060E2B34 02") + repeated(11, 0), "1.3.53.2"},
         {LABEL, OID, "1.3.53.1.2.3.4.5.6.7.8.9.10.11.0", hex("060E2B34 010203040506070809 0A 0B 00"),
          "1.3.53.1.2.3.4.5.6.7.8.9.10.11"},
     };
@@ -176,6 +183,9 @@ TEST(IdentifierText, SaysWhatIsWrong)
         {LABEL, OID, "1.3", tooShort},
         {LABEL, OID, "1.3.53", tooShort},
         {LABEL, OID, "1.3.52.4", otherPrefix},
+        {KEY, OID, "1.3.53", tooShort},
+        {KEY, OID, "1.3.53.1.5", otherPrefix},
+        {KEY, OID, "1.3.53.2.1.2.3.4.5.6.7.8.9.10.11.12", tooLong},
         {LABEL, OID, "1.3.256", outOfRange},
         {LABEL, OID, "1.3.53.256", outOfRange},
         {LABEL, OID, "1.3.53.-1", outOfRange},
@@ -230,6 +240,13 @@ TEST(Identifier, GivesItsBytes)
     EXPECT_TRUE(dynamic_cast<Types::UMID64 &>(*clone) == umid);
 }
 
+TEST(Identifier, IsStreamedAsDottedBytes)
+{
+    std::ostringstream out;
+    out << std::oct << KLV::Key(counting(16).data()) << ' ' << Types::UMID32(repeated(32, 0xAB).data());
+    EXPECT_EQ(out.str(), KEY.render(counting(16), DOTTED) + ' ' + UMID32.render(repeated(32, 0xAB), DOTTED));
+}
+
 TEST(LocalTag, IsStaticByItsFirstByte)
 {
     EXPECT_FALSE(Types::LocalTag(hex("00 01").data()).isStaticLocalTag());
@@ -254,5 +271,3 @@ TEST(UniversalLabel, ComparesInPart)
     mask[7] = 0xEF;
     EXPECT_TRUE(Types::compareMasked(a, b, mask));
 }
-
-}}
