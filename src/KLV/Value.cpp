@@ -27,7 +27,7 @@ Value::~Value()
 {
     try
     {
-        discard();
+        Value::discard();
     }
     catch (...)
     {
@@ -65,7 +65,7 @@ UInt64 Value::remaining() const
 
 void Value::discard()
 {
-    UInt64 const rest = remaining();
+    UInt64 const rest = Value::remaining();
     if (rest != 0)
         source_.skip(rest);
 }
