@@ -36,6 +36,7 @@ std::vector<Room> const ROOMS = {
     {"Utils/Time", 1, 1},
     {"DataIO", 2, 2},
     {"Initializer", 2, 2},
+    {"LibrarySingleton", 2, 2},
     {"LoadNotification", 2, 2},
     {"ByteCoders", 3, 3},
     {"KLV", 3, 3},

@@ -1,0 +1,7 @@
+#include "MetaMetadata/LocalTagMap.h"
+
+namespace Vantry { namespace MetaMetadata {
+
+LocalTagMap::~LocalTagMap() = default;
+
+}}

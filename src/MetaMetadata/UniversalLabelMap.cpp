@@ -1,0 +1,7 @@
+#include "MetaMetadata/UniversalLabelMap.h"
+
+namespace Vantry { namespace MetaMetadata {
+
+UniversalLabelMap::~UniversalLabelMap() = default;
+
+}}
