@@ -26,4 +26,10 @@ public:
     void accept(Visitors::MetaElementVisitor & visitor) const override;
 };
 
+/// As for any MetaElement; without this the bases would both have a claim.
+inline bool operator==(MetaCollection const & left, MetaCollection const & right)
+{
+    return static_cast<MetaElement const &>(left) == static_cast<MetaElement const &>(right);
+}
+
 }}

@@ -24,4 +24,10 @@ public:
     void accept(Visitors::MetaElementVisitor & visitor) const override;
 };
 
+/// As for any MetaElement; without this the bases would both have a claim.
+inline bool operator==(MetaReferenceCollection const & left, MetaReferenceCollection const & right)
+{
+    return static_cast<MetaElement const &>(left) == static_cast<MetaElement const &>(right);
+}
+
 }}

@@ -23,4 +23,10 @@ public:
     void accept(Visitors::MetaElementVisitor & visitor) const override;
 };
 
+/// As for any MetaElement; without this the bases would both have a claim.
+inline bool operator==(MetaSimpleElement const & left, MetaSimpleElement const & right)
+{
+    return static_cast<MetaElement const &>(left) == static_cast<MetaElement const &>(right);
+}
+
 }}
