@@ -11,6 +11,7 @@ class VANTRY_EXPORT InvalidLength : public BaseException
 {
 public:
     InvalidLength(char const * message, char const * file, int line);
+    InvalidLength(unsigned short const * message, char const * file, int line);
 
     /// Copies `dataLength` bytes from `data`.
     InvalidLength(unsigned char const * data, UInt64 dataLength, char const * message, char const * file, int line);

@@ -19,6 +19,11 @@ InvalidLength::InvalidLength(char const * message, char const * file, int line) 
 {
 }
 
+InvalidLength::InvalidLength(unsigned short const * message, char const * file, int line) :
+    BaseException(message, file, line), data_(nullptr)
+{
+}
+
 InvalidLength::InvalidLength(unsigned char const * data, UInt64 dataLength, char const * message, char const * file,
                              int line) :
     BaseException(message, file, line), data_(data != nullptr && dataLength != 0 ? new Data(data, dataLength) : nullptr)
