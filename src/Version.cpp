@@ -26,6 +26,11 @@ unsigned short build()
     return VANTRY_VERSION_TWEAK;
 }
 
+Types::ProductVersion::ReleaseVersion releaseVersion()
+{
+    return Types::ProductVersion::RELEASE_PATCHED;
+}
+
 unsigned short const * versionString()
 {
     static constexpr auto text = Platform::wide(u"" VANTRY_VERSION);
