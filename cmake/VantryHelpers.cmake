@@ -39,13 +39,15 @@ function(vantry_benchmark path)
 endfunction()
 
 # vantry_fuzz(NAME [LIBRARIES LIB...]): fuzz/NAME.cpp holds
-# LLVMFuzzerTestOneInput; its seeds lie in fuzz/seeds/NAME. In the fuzz preset
+# LLVMFuzzerTestOneInput; its seeds lie in fuzz/seeds/NAME. It may use what
+# tests/support has without GoogleTest. In the fuzz preset
 # it becomes a fuzzer, elsewhere it gets a driver of ours. The test
 # fuzz/NAME runs it on its seeds either way, so that any compiler does; the
 # test fuzz/NAME/damage, labelled "long", has the driver damage them first.
 function(vantry_fuzz name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LIBRARIES")
     vantry_program("${name}" fuzz)
+    target_include_directories("${name}" PRIVATE "${PROJECT_SOURCE_DIR}/tests")
     target_link_libraries("${name}" PRIVATE Vantry::Vantry ${arg_LIBRARIES})
     set(seeds "${PROJECT_SOURCE_DIR}/fuzz/seeds/${name}")
     if(VANTRY_FUZZ)
