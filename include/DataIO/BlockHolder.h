@@ -34,7 +34,7 @@ public:
         return *this;
     }
 
-    BlockHolder & operator=(BlockHolder && other)
+    BlockHolder & operator=(BlockHolder && other) noexcept
     {
         if (this == &other)
             return *this;
