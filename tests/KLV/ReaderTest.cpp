@@ -24,13 +24,6 @@ Bytes bytesOf(KLV::Key const & key)
     return Bytes(key.rawBuffer(), key.rawBuffer() + key.size());
 }
 
-Bytes keyOfCategory(unsigned char category)
-{
-    Bytes key = KEY;
-    key[4] = category;
-    return key;
-}
-
 // Takes packets that start with 47h for packets too.
 class SyncByteReader : public KLV::Reader
 {
@@ -52,7 +45,6 @@ TEST(Reader, WalksFromPacketToPacket)
                     [](BytesSource & source)
                     {
                         KLV::Reader reader(source);
-                        EXPECT_EQ(&reader.source(), &source);
                         UInt64 skipped = 99;
                         {
                             auto const packet = reader.nextKLV(skipped, 3);
@@ -61,7 +53,6 @@ TEST(Reader, WalksFromPacketToPacket)
                             EXPECT_EQ(packet->keyAbsoluteOffset(), 3u);
                             EXPECT_EQ(packet->berLength(), 1);
                             EXPECT_EQ(packet->length(), 3u);
-                            EXPECT_EQ(packet->klvLength(), 20u);
                             unsigned char byte = 0;
                             packet->value().readValue(&byte, 1);
                             EXPECT_EQ(byte, 0xAA);
@@ -110,24 +101,13 @@ TEST(Reader, SkipsNoMoreThanItMay)
 
 TEST(Reader, TellsWhatIsNoPacket)
 {
-    struct Case
-    {
-        char const * name;
-        Bytes stream;
+    Bytes const CUT_OFF[] = {
+        {}, hex("06 0E 2B 34"), hex("00 06 0E 2B 34"), KEY.first(15), KEY, KEY + hex("83 00 00"),
     };
-    Case const CUT_OFF[] = {
-        {"nothing", {}},
-        {"less than a window", hex("06 0E 2B 34")},
-        {"end while searching", hex("00 06 0E 2B 34")},
-        {"key", KEY.first(15)},
-        {"no length", KEY},
-        {"length", KEY + hex("83 00 00")},
-    };
-    for (Case const & c : CUT_OFF)
-        forEachReadSize(c.stream,
-                        [&](BytesSource & source)
+    for (Bytes const & stream : CUT_OFF)
+        forEachReadSize(stream,
+                        [](BytesSource & source)
                         {
-                            SCOPED_TRACE(c.name);
                             UInt64 skipped = 0;
                             EXPECT_FAILURE(NotEnoughData, "Not enough data", KLV::Reader(source).nextKLV(skipped, 100));
                             EXPECT_TRUE(source.endOfStream());
@@ -145,19 +125,17 @@ TEST(Reader, TellsWhatIsNoPacket)
 
 TEST(Reader, LooksAtTheCategoryOfAPacketKey)
 {
-    for (int category = 0; category < 9; ++category)
+    Bytes otherKey = KEY;
+    for (otherKey[4] = 0; otherKey[4] < 9; ++otherKey[4])
     {
-        SCOPED_TRACE(category);
-        bool const isPacket = category < 4 || category == 5;
-        BytesSource source(keyOfCategory(static_cast<unsigned char>(category)) + KEY);
+        BytesSource source(otherKey + KEY);
         KLV::Reader reader(source);
         UInt64 skipped = 0;
         reader.peekNextKey(skipped, 16);
-        EXPECT_EQ(skipped, isPacket ? 0u : 16u);
+        EXPECT_EQ(skipped, otherKey[4] < 4 || otherKey[4] == 5 ? 0u : 16u) << int(otherKey[4]);
 
         source.seek(0);
-        reader.peekNextKey(skipped, KLV::Reader::PEEK_SMPTE_KEY, 16);
-        EXPECT_EQ(skipped, 0u);
+        reader.peekNextKey(skipped, KLV::Reader::PEEK_SMPTE_KEY, 0);
     }
 }
 
@@ -174,32 +152,26 @@ TEST(Reader, LetsASubclassTakeOtherKeys)
 
 TEST(Reader, TakesAPeekedKeyOnce)
 {
-    forEachReadSize(
-        hex("00") + KEY + hex("01 AA") + FILL_KEY + hex("00"),
-        [](BytesSource & source)
-        {
-            KLV::Reader reader(source);
-            UInt64 skipped = 0;
+    forEachReadSize(hex("00") + KEY + hex("01 AA") + FILL_KEY + hex("00"),
+                    [](BytesSource & source)
+                    {
+                        KLV::Reader reader(source);
+                        UInt64 skipped = 0;
 
-            EXPECT_EQ(bytesOf(reader.peekNextKey(skipped, 1)), KEY);
-            EXPECT_EQ(skipped, 1u);
-            EXPECT_EQ(bytesOf(reader.peekNextKey(skipped, 0)), KEY);
-            EXPECT_EQ(skipped, 0u);
-            EXPECT_EQ(source.absoluteOffset(), 17u);
-            EXPECT_EQ(reader.nextKLV(skipped, 0)->keyAbsoluteOffset(), 1u);
-            EXPECT_EQ(bytesOf(reader.nextKLV(skipped, 0)->key()), FILL_KEY);
+                        EXPECT_EQ(bytesOf(reader.peekNextKey(skipped, 1)), KEY);
+                        EXPECT_EQ(skipped, 1u);
+                        EXPECT_EQ(bytesOf(reader.peekNextKey(skipped, 0)), KEY);
+                        EXPECT_EQ(skipped, 0u);
+                        EXPECT_EQ(source.absoluteOffset(), 17u);
+                        EXPECT_EQ(reader.nextKLV(skipped, 0)->keyAbsoluteOffset(), 1u);
+                        EXPECT_EQ(bytesOf(reader.nextKLV(skipped, 0)->key()), FILL_KEY);
 
-            source.seek(1);
-            reader.peekNextKey(skipped, 0);
-            source.seek(19);
-            EXPECT_EQ(bytesOf(reader.nextKLV(skipped, 0)->key()), FILL_KEY)
-                << "the source was moved: a stale key is dropped";
-            source.seek(17);
-            EXPECT_FAILURE(KeyNotFound,
-                           "Exceeded maximum bytes to skip before finding a key. Started to search at 0x11 Skipped 0x1 "
-                           "current position: 0x17",
-                           reader.nextKLV(skipped, 0));
-        });
+                        source.seek(1);
+                        reader.peekNextKey(skipped, 0);
+                        source.seek(19);
+                        EXPECT_EQ(bytesOf(reader.nextKLV(skipped, 0)->key()), FILL_KEY)
+                            << "the source was moved: a stale key is dropped";
+                    });
 }
 
 TEST(Reader, KeepsAPeekedKeyForEachThread)
@@ -261,11 +233,7 @@ TEST(Reader, AllocatesNothingForAClaim)
                     {
                         KLV::Reader reader(source);
                         UInt64 skipped = 0;
-                        {
-                            auto const packet = reader.nextKLV(skipped, 0);
-                            EXPECT_EQ(packet->length(), UInt64(1) << 62);
-                            EXPECT_EQ(packet->value().remaining(), UInt64(1) << 62);
-                        }
+                        EXPECT_EQ(reader.nextKLV(skipped, 0)->value().remaining(), UInt64(1) << 62);
                         EXPECT_TRUE(source.endOfStream());
                     });
 }

@@ -34,9 +34,7 @@ TEST(Value, IsAWindowFromWhereTheSourceStood)
                     {
                         source.skip(4);
                         KLV::Value value(source, 6);
-                        EXPECT_EQ(value.absoluteOffset(), 4u);
                         EXPECT_EQ(value.remaining(), 6u);
-                        EXPECT_EQ(value.totalLength(), 6u);
 
                         Bytes bytes(4);
                         value.readValue(bytes.data(), 4);
@@ -45,8 +43,6 @@ TEST(Value, IsAWindowFromWhereTheSourceStood)
                         EXPECT_EQ(value.read(bytes.data(), 4), 1u) << "none from behind the window";
                         EXPECT_EQ(bytes[0], 9);
                         EXPECT_TRUE(value.endOfStream());
-                        EXPECT_EQ(value.skip(1), 0u);
-                        EXPECT_EQ(value.read(bytes.data(), 4), 0u);
 
                         source.seek(12);
                         EXPECT_EQ(value.remaining(), 0u) << "the source was moved behind the window";
@@ -122,15 +118,9 @@ TEST(Value, CarriesWhatAShortReadGot)
 TEST(Packet, AddsItsPartsUp)
 {
     BytesSource source(counting(30));
-    KLV::Key const first(counting(16).data());
-    KLV::Key const second(counting(16, 1).data());
+    KLV::Key const key(counting(16).data());
 
-    KLV::Packet packet(first, 4, 10, source, 3);
-    EXPECT_EQ(packet.klvLength(), 30u);
-    EXPECT_EQ(packet.value().remaining(), 10u);
-    packet.key(second);
-    EXPECT_TRUE(packet.key() == second);
-
-    EXPECT_EQ(KLV::Packet(first, 9, MAXIMUM - 25, source, 3).klvLength(), MAXIMUM);
-    EXPECT_EQ(KLV::Packet(first, 9, MAXIMUM - 24, source, 3).klvLength(), MAXIMUM) << "never wrapped";
+    EXPECT_EQ(KLV::Packet(key, 4, 10, source, 3).klvLength(), 30u);
+    EXPECT_EQ(KLV::Packet(key, 9, MAXIMUM - 25, source, 3).klvLength(), MAXIMUM);
+    EXPECT_EQ(KLV::Packet(key, 9, MAXIMUM - 24, source, 3).klvLength(), MAXIMUM) << "never wrapped";
 }
