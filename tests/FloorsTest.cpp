@@ -33,6 +33,7 @@ std::vector<Room> const ROOMS = {
     {"Utils/TimeCode", 1, 1},
     {"Utils/TimeCodeExtended", 1, 1},
     {"Utils/Calendar", 1, 1},
+    {"Utils/ModifiedJulianDate", 1, 1},
     {"Utils/Time", 1, 1},
     {"DataIO", 2, 2},
     {"Initializer", 2, 2},
