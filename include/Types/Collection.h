@@ -45,6 +45,9 @@ public:
     /// Number of elements.
     unsigned int size() const noexcept;
 
+    /// Bytes of each element on the wire; 0 where the first is yet to tell.
+    unsigned int elementSize() const noexcept;
+
     /// An element, counted from 0.
     ///
     /// \throws Exceptions::IndexOutOfBounds when there is none.

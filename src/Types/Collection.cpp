@@ -13,6 +13,7 @@
 #include "Types/Batch.h"
 #include "Types/Factories/BaseTypeFactory.h"
 #include "Types/ReadAvailable.h"
+#include "Utils/Zeros.h"
 
 #include <algorithm>
 #include <memory>
@@ -34,17 +35,6 @@ Platform::UInt32 const MOST_RESERVED = 4096;
 [[noreturn]] void failLength(Bytes const & read, Templates::string const & text)
 {
     throw Exceptions::InvalidLength(read.data(), read.size(), text.c_str(), __FILE__, __LINE__);
-}
-
-void writeZeros(DataIO::DataSink & sink, Platform::UInt64 howMany)
-{
-    static unsigned char const ZEROS[64] = {};
-    while (howMany != 0)
-    {
-        Platform::UInt64 const step = std::min<Platform::UInt64>(howMany, sizeof(ZEROS));
-        sink.write(ZEROS, step);
-        howMany -= step;
-    }
 }
 
 }
@@ -127,7 +117,7 @@ public:
         {
             value->serialize(sink);
             if (value->serializedSize() < size_)
-                writeZeros(sink, size_ - value->serializedSize());
+                Utils::writeZeros(sink, size_ - value->serializedSize());
         }
     }
 
@@ -235,6 +225,11 @@ unsigned short Collection::serializedSize() const
 unsigned int Collection::size() const noexcept
 {
     return elements_->count();
+}
+
+unsigned int Collection::elementSize() const noexcept
+{
+    return elements_->size();
 }
 
 SimpleDataType & Collection::at(unsigned int index)
