@@ -1,0 +1,245 @@
+#include "Packs/PartitionPack.h"
+
+#include "Exceptions/InvalidFormat.h"
+#include "Exceptions/InvalidKey.h"
+#include "Exceptions/InvalidLength.h"
+#include "Exceptions/InvalidPartitionKind.h"
+#include "Exceptions/InvalidPartitionStatus.h"
+#include "Types/Batch.h"
+#include "support/BytesPacket.h"
+#include "support/BytesSink.h"
+#include "support/Failure.h"
+
+#include <gtest/gtest.h>
+
+namespace Vantry { namespace Packs { namespace {
+
+using Templates::auto_ptr;
+using Tests::Bytes;
+using Tests::BytesPacket;
+using Tests::hex;
+using Tests::repeated;
+using Tests::serialized;
+using Types::Batch;
+using Types::SimpleDataType;
+using Types::UniversalLabel;
+
+Bytes const HEADER_KEY = hex("06 0E 2B 34 02 05 01 01 0D 01 02 01 01 02 04 00");
+Bytes const PATTERN = hex("06 0E 2B 34 04 01 01 01 0D 01 02 01 01 01 09 00");
+Bytes const CONTAINER = hex("06 0E 2B 34 04 01 01 02 0D 01 03 01 02 04 60 01");
+
+Bytes const FIELDS = hex("00 01 00 03"             // version 1.3
+                         "00 00 02 00"             // KAG size
+                         "00 00 00 01 00 00 00 02" // this partition
+                         "00 00 00 03 00 00 00 04" // previous partition
+                         "00 00 00 05 00 00 00 06" // footer partition
+                         "00 00 00 07 00 00 00 08" // header byte count
+                         "00 00 00 09 00 00 00 0A" // index byte count
+                         "00 00 00 0B"             // index SID
+                         "00 00 00 0C 00 00 00 0D" // body offset
+                         "00 00 00 0E")            // body SID
+                     + PATTERN;
+
+Bytes const ONE_CONTAINER = hex("00 00 00 01 00 00 00 10") + CONTAINER;
+Bytes const NO_CONTAINER = hex("00 00 00 00 00 00 00 10");
+
+auto_ptr<Batch> containers(unsigned int howMany)
+{
+    auto_ptr<Batch> batch(new Batch(16));
+    for (unsigned int i = 0; i < howMany; ++i)
+        batch->append(auto_ptr<SimpleDataType>(new UniversalLabel(CONTAINER.data())));
+    return batch;
+}
+
+KLV::Key key(unsigned char kind, unsigned char status)
+{
+    KLV::Key key(HEADER_KEY.data());
+    key[13] = kind;
+    key[14] = status;
+    return key;
+}
+
+PartitionPack packWith(KLV::Key const & key, unsigned int containerCount = 0)
+{
+    return PartitionPack(key, 512, 1000, 2000, UniversalLabel(PATTERN.data()), containers(containerCount));
+}
+
+Bytes bytesOf(SimpleDataType const & value)
+{
+    return Bytes(value.rawBuffer(), value.rawBuffer() + value.serializedSize());
+}
+
+TEST(PartitionPack, IsReadAndWrittenFieldByField)
+{
+    for (Bytes const & length : {hex("68"), hex("83 00 00 68"), hex("88 00 00 00 00 00 00 00 68")})
+    {
+        Bytes const stream = HEADER_KEY + length + FIELDS + ONE_CONTAINER;
+        BytesPacket packet(stream);
+        PartitionPack const pack(*packet);
+        EXPECT_EQ(pack.berLength(), length.size());
+        EXPECT_EQ(pack.majorVersion(), 1);
+        EXPECT_EQ(pack.minorVersion(), 3);
+        EXPECT_EQ(pack.kagSize(), 512u);
+        EXPECT_EQ(pack.thisPartition(), 0x100000002u);
+        EXPECT_EQ(pack.previousPartition(), 0x300000004u);
+        EXPECT_EQ(pack.footerPartition(), 0x500000006u);
+        EXPECT_EQ(pack.headerByteCount(), 0x700000008u);
+        EXPECT_EQ(pack.indexByteCount(), 0x90000000Au);
+        EXPECT_EQ(pack.indexSID(), 11u);
+        EXPECT_EQ(pack.bodyOffset(), 0xC0000000Du);
+        EXPECT_EQ(pack.bodySID(), 14u);
+        EXPECT_EQ(bytesOf(pack.operationalPattern()), PATTERN);
+        ASSERT_EQ(pack.essenceContainers().size(), 1u);
+        EXPECT_EQ(bytesOf(pack.essenceContainers().at(0)), CONTAINER);
+
+        EXPECT_EQ(serialized(pack), stream);
+        EXPECT_EQ(pack.serializedSize(), stream.size());
+    }
+}
+
+TEST(PartitionPack, SettersReachTheFieldsOfTheWire)
+{
+    PartitionPack pack = packWith(key(2, 1));
+    EXPECT_EQ(serialized(pack), hex("06 0E 2B 34 02 05 01 01 0D 01 02 01 01 02 01 00  83 00 00 58"
+                                    "00 01 00 02 00 00 02 00 00 00 00 00 00 00 03 E8") +
+                                    repeated(36, 0) + hex("00 00 00 00 00 00 07 D0 00 00 00 00") + PATTERN +
+                                    NO_CONTAINER);
+    EXPECT_EQ(pack.serializedSize(), 108u);
+
+    pack.key(KLV::Key(HEADER_KEY.data()));
+    pack.berLength(9);
+    pack.majorVersion(1);
+    pack.minorVersion(3);
+    pack.kagSize(512);
+    pack.thisPartition(0x100000002);
+    pack.previousPartition(0x300000004);
+    pack.footerPartition(0x500000006);
+    pack.headerByteCount(0x700000008);
+    pack.indexByteCount(0x90000000A);
+    pack.indexSID(11);
+    pack.bodyOffset(0xC0000000D);
+    pack.bodySID(14);
+    pack.operationalPattern(UniversalLabel(PATTERN.data()));
+    pack.essenceContainers(containers(1));
+    EXPECT_EQ(serialized(pack), HEADER_KEY + hex("88 00 00 00 00 00 00 00 68") + FIELDS + ONE_CONTAINER);
+}
+
+TEST(PartitionPack, ItsKeyTellsKindAndStatus)
+{
+    struct Case
+    {
+        PartitionPack::PartitionKind kind;
+        PartitionPack::PartitionStatus status;
+        bool open, complete, genericStream;
+    };
+    Case const cases[] = {
+        {PartitionPack::HEADER_PARTITION, PartitionPack::OPEN_INCOMPLETE, true, false, false},
+        {PartitionPack::BODY_PARTITION, PartitionPack::CLOSED_INCOMPLETE, false, false, false},
+        {PartitionPack::HEADER_PARTITION, PartitionPack::OPEN_COMPLETE, true, true, false},
+        {PartitionPack::FOOTER_PARTITION, PartitionPack::CLOSED_COMPLETE, false, true, false},
+        {PartitionPack::BODY_PARTITION, PartitionPack::GENERIC_STREAM, false, true, true},
+    };
+    for (Case const & c : cases)
+    {
+        KLV::Key const built = buildPartitionPackKey(c.kind, c.status);
+        EXPECT_EQ(built, key(static_cast<unsigned char>(c.kind), static_cast<unsigned char>(c.status)));
+        EXPECT_TRUE(isPartitionPack(built));
+        if (!c.genericStream)
+        {
+            EXPECT_EQ(built, buildPartitionPackKey(c.kind, c.open, c.complete));
+        }
+
+        PartitionPack const pack = packWith(built);
+        EXPECT_EQ(pack.partitionKind(), c.kind);
+        EXPECT_EQ(pack.isOpen(), c.open);
+        EXPECT_EQ(pack.isComplete(), c.complete);
+        EXPECT_EQ(pack.isGenericStreamsPartition(), c.genericStream);
+    }
+}
+
+TEST(PartitionPack, RefusesKeysWithoutAChange)
+{
+    char const * const badKind = "The key defines an invalid partition kind";
+    char const * const badStatus = "The key defines an invalid partition status";
+    PartitionPack pack = packWith(key(4, 4));
+    EXPECT_FAILURE(InvalidPartitionKind, badKind, pack.key(key(5, 0)));
+    EXPECT_FAILURE(InvalidPartitionKind, badKind, pack.key(key(1, 4)));
+    EXPECT_FAILURE(InvalidPartitionStatus, badStatus, pack.key(key(2, 0)));
+    EXPECT_FAILURE(InvalidPartitionStatus, badStatus, pack.key(key(3, 5)));
+    EXPECT_FAILURE(InvalidPartitionStatus, badStatus, pack.key(key(3, 18)));
+    EXPECT_FAILURE(InvalidPartitionStatus, badStatus, pack.key(key(2, 17)));
+    EXPECT_FAILURE(InvalidPartitionStatus, badStatus, packWith(key(4, 17)));
+
+    KLV::Key other = key(5, 0);
+    other[12] = 2;
+    EXPECT_FAILURE(InvalidKey, "The key is not a PartitionPack key", pack.key(other));
+    BytesPacket packet(Bytes(other.rawBuffer(), other.rawBuffer() + 16) + hex("00"));
+    EXPECT_FAILURE(InvalidKey, "The key is not a PartitionPack key", PartitionPack(*packet));
+    EXPECT_EQ(pack.key(), key(4, 4));
+
+    EXPECT_TRUE(isPartitionPack(key(2, 99)));
+    EXPECT_FALSE(isPartitionPack(key(1, 1)));
+    EXPECT_FALSE(isPartitionPack(key(5, 1)));
+    EXPECT_FALSE(isPartitionPack(other));
+    KLV::Key lastByte = key(2, 2);
+    lastByte[15] = 1;
+    pack.key(lastByte);
+    EXPECT_EQ(serialized(pack)[15], 1);
+}
+
+TEST(PartitionPack, CopiesStandAlone)
+{
+    PartitionPack pack = packWith(key(2, 2), 2);
+    PartitionPack const copy(pack);
+    PartitionPack const assigned = packWith(key(4, 4));
+    assigned = pack;
+    pack.kagSize(1);
+    pack.essenceContainers(containers(0));
+    EXPECT_EQ(serialized(copy), serialized(packWith(key(2, 2), 2)));
+    EXPECT_EQ(serialized(assigned), serialized(copy));
+    EXPECT_EQ(pack.essenceContainers().size(), 0u);
+}
+
+TEST(PartitionPack, HoldsMoreContainersThanABatchCanMeasure)
+{
+    PartitionPack const pack = packWith(key(2, 2), 5000);
+    Bytes const bytes = serialized(pack);
+    EXPECT_EQ(bytes.size(), 20u + 80 + 8 + 5000 * 16);
+    EXPECT_EQ(pack.serializedSize(), bytes.size());
+    BytesPacket packet(bytes);
+    EXPECT_EQ(serialized(PartitionPack(*packet)), bytes);
+}
+
+TEST(PartitionPack, IsNoLongerThanItsLengthFieldCanTell)
+{
+    PartitionPack pack = packWith(key(2, 2), 15000);
+    pack.berLength(3);
+    EXPECT_FAILURE(InvalidFormat, "BER size not big enough to hold value length", serialized(pack));
+
+    // One byte takes what it can, without a word.
+    pack.essenceContainers(containers(7));
+    pack.berLength(1);
+    EXPECT_EQ(serialized(pack)[16], 200);
+}
+
+TEST(PartitionPack, PassesOverBytesBehindItsFieldsAndMissesNone)
+{
+    BytesPacket longer(HEADER_KEY + hex("59") + FIELDS + NO_CONTAINER + hex("FF"));
+    EXPECT_EQ(serialized(PartitionPack(*longer)), HEADER_KEY + hex("58") + FIELDS + NO_CONTAINER);
+
+    Bytes const head = HEADER_KEY + hex("58");
+    for (std::size_t size : {0, 3, 50, 79})
+    {
+        BytesPacket cut(head + FIELDS.first(size));
+        EXPECT_FAILURE(InvalidLength, "Invalid data size in Value", PartitionPack(*cut));
+    }
+    BytesPacket noBatch(head + FIELDS);
+    EXPECT_FAILURE(InvalidLength, "Invalid data size in collection. Not enough data to read number of elements",
+                   PartitionPack(*noBatch));
+    BytesPacket hostile(head + FIELDS + hex("FF FF FF FF 00 00 00 10"));
+    EXPECT_FAILURE(InvalidLength,
+                   "Invalid data size in collection. Not enough data to read 4294967295 elements of size 16",
+                   PartitionPack(*hostile));
+}
+
+}}}

@@ -1,0 +1,110 @@
+#include "Packs/RandomIndexPack.h"
+
+#include "Exceptions/InvalidFormat.h"
+#include "Exceptions/InvalidKey.h"
+#include "Exceptions/InvalidLength.h"
+#include "Exceptions/NotFound.h"
+#include "support/BytesPacket.h"
+#include "support/BytesSink.h"
+#include "support/Failure.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace Vantry { namespace Packs { namespace {
+
+using testing::ElementsAre;
+using Tests::Bytes;
+using Tests::BytesPacket;
+using Tests::hex;
+using Tests::repeated;
+using Tests::serialized;
+
+Bytes const KEY = hex("06 0E 2B 34 02 05 01 01 0D 01 02 01 01 11 01 00");
+
+TEST(RandomIndexPack, IsWrittenByAscendingOffset)
+{
+    RandomIndexPack pack;
+    EXPECT_EQ(serialized(pack), KEY + hex("83 00 00 04  00 00 00 18"));
+
+    pack.add(0, 0x123456789ABC);
+    pack.add(1, 1000);
+    pack.add(1, 0);
+    EXPECT_EQ(pack.size(), 3u);
+    EXPECT_EQ(pack.valueLength(), 40u);
+    EXPECT_EQ(pack.serializedSize(), 60u);
+    Bytes const entries = hex("00 00 00 01  00 00 00 00 00 00 00 00"
+                              "00 00 00 01  00 00 00 00 00 00 03 E8"
+                              "00 00 00 00  00 00 12 34 56 78 9A BC");
+    EXPECT_EQ(serialized(pack), KEY + hex("83 00 00 28") + entries + hex("00 00 00 3C"));
+
+    pack.berLength(1);
+    EXPECT_EQ(serialized(pack), KEY + hex("28") + entries + hex("00 00 00 39"));
+    pack.berLength(10);
+    EXPECT_FAILURE(InvalidFormat, "Invalid BER size", serialized(pack));
+}
+
+TEST(RandomIndexPack, HasOneEntryForAnOffsetAndAnyForASID)
+{
+    RandomIndexPack pack;
+    pack.add(1, 2000);
+    pack.add(1, 1000);
+    pack.add(2, 1000);
+    pack.add(1, 0);
+    EXPECT_THAT(pack.find(1), ElementsAre(0u, 1000u, 2000u));
+    EXPECT_FAILURE(NotFound, "BodySid not found: 2", pack.find(2));
+    EXPECT_EQ(pack.offsetIndexedMap().at(1000), 1u);
+    EXPECT_EQ(pack.sidIndexedMap().count(1), 3u);
+    EXPECT_EQ(pack.sidIndexedMap().count(2), 0u);
+}
+
+TEST(RandomIndexPack, IsReadUnderAnyVersionOfItsKeyWithoutALookAtItsLength)
+{
+    Bytes const value = hex("00 00 00 02  00 00 00 00 00 00 03 E8"
+                            "00 00 00 01  00 00 00 00 00 00 00 00"
+                            "00 00 00 03  00 00 00 00 00 00 03 E8"
+                            "FF FF FF FF");
+    Bytes otherKey = KEY;
+    otherKey[14] = 9;
+    BytesPacket packet(otherKey + hex("82 00 28") + value);
+    EXPECT_FALSE(isRandomIndexPack((*packet).key()));
+
+    RandomIndexPack const pack(*packet);
+    EXPECT_EQ(pack.size(), 2u);
+    EXPECT_EQ(pack.berLength(), 3);
+    EXPECT_EQ(serialized(pack), KEY + hex("82 00 1C") +
+                                    hex("00 00 00 01  00 00 00 00 00 00 00 00"
+                                        "00 00 00 02  00 00 00 00 00 00 03 E8"
+                                        "00 00 00 2F"));
+}
+
+TEST(RandomIndexPack, RefusesOtherKeysAndCutValues)
+{
+    Bytes otherKey = KEY;
+    otherKey[13] = 5;
+    BytesPacket other(otherKey + hex("04  00 00 00 18"));
+    EXPECT_FAILURE(InvalidKey, "Trying to create a RIP from a KLV with a invalid RIP Key.", RandomIndexPack(*other));
+
+    struct Case
+    {
+        char const * name;
+        Bytes lengthAndValue;
+        char const * message;
+    };
+    Case const cases[] = {
+        {"no pack length", hex("00"), "Not enough data to read Pack"},
+        {"pack length cut off", hex("03  00 00 18"), "Not enough data to read Pack"},
+        {"entry cut off", hex("06  00 00 00 01 00 00"), "Invalid data size in Value"},
+        {"two bytes between entries", hex("12") + repeated(18, 0), "Invalid data size in Value"},
+        {"source ends early", hex("88 40 00 00 00 00 00 00 00") + repeated(1200, 1), "Invalid data size in Value"},
+        {"source ends before pack length", hex("04"), "Invalid data size in Value"},
+    };
+    for (Case const & c : cases)
+    {
+        SCOPED_TRACE(c.name);
+        BytesPacket packet(KEY + c.lengthAndValue);
+        EXPECT_FAILURE(InvalidLength, c.message, RandomIndexPack(*packet));
+    }
+}
+
+}}}
