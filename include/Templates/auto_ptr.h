@@ -32,7 +32,6 @@ public:
     ~auto_ptr() { delete pointer_; }
 
     // Assigned to itself, it takes back what it has just released.
-    // NOLINTNEXTLINE(bugprone-unhandled-self-assignment)
     auto_ptr & operator=(auto_ptr & other) noexcept
     {
         reset(other.release());

@@ -32,7 +32,7 @@ private:
 union EverLasting
 {
     constexpr EverLasting() : block() {}
-    ~EverLasting() {} // NOLINT(modernize-use-equals-default): deleted if it were
+    ~EverLasting() {} // NOLINT(modernize-use-equals-default): that would be deleted
 
     EmptyBlock block;
 };

@@ -49,7 +49,7 @@ Templates::string plainFile(Templates::string const & name)
         return {};
 
     char * const resolved = ::realpath(name.c_str(), nullptr);
-    Templates::string const path(resolved != nullptr ? resolved : "");
+    Templates::string path(resolved != nullptr ? resolved : "");
     std::free(resolved);
     return path;
 }
