@@ -8,11 +8,11 @@
 #include <limits>
 
 // The memory that one test asks for is out of reach, and it wants to be told.
-extern "C" char const * __asan_default_options() // NOLINT(bugprone-reserved-identifier)
+extern "C" char const * __asan_default_options()
 {
     return "allocator_may_return_null=1";
 }
-extern "C" char const * __tsan_default_options() // NOLINT(bugprone-reserved-identifier)
+extern "C" char const * __tsan_default_options()
 {
     return "allocator_may_return_null=1";
 }
