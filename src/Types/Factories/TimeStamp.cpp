@@ -13,7 +13,10 @@ namespace {
 
 Timestamp timestamp(Platform::Time const & time)
 {
-    auto const byte = [](Platform::Int32 field) { return static_cast<unsigned char>(field); };
+    auto const byte = [](Platform::Int32 field)
+    {
+        return static_cast<unsigned char>(field);
+    };
 
     // A timestamp has no second 60.
     return Timestamp(static_cast<unsigned short>(time.year + 1900), byte(time.month + 1), byte(time.day),
