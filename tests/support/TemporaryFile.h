@@ -1,14 +1,12 @@
 #pragma once
 
 #include "Platform/Text.h"
-#include "support/Bytes.h"
+#include "support/FileBytes.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 
 #include <unistd.h>
@@ -35,18 +33,10 @@ public:
     std::filesystem::path const & path() const { return path_; }
     unsigned short const * name() const { return name_.c_str(); }
 
-    Bytes content() const
-    {
-        std::ifstream file(path_, std::ios::binary);
-        return Bytes(std::istreambuf_iterator<char>(file), {});
-    }
+    Bytes content() const { return readFile(path_); }
 
     /// Replaces the content; whoever has the file open sees it.
-    void write(Bytes const & content)
-    {
-        std::ofstream file(path_, std::ios::binary | std::ios::trunc);
-        file.write(reinterpret_cast<char const *>(content.data()), static_cast<std::streamsize>(content.size()));
-    }
+    void write(Bytes const & content) { writeFile(path_, content); }
 
     void remove()
     {

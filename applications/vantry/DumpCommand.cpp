@@ -1,0 +1,115 @@
+#include "DumpCommand.h"
+
+#include "CommonOptions.h"
+#include "Failure.h"
+#include "Input.h"
+#include "KLV/Packet.h"
+#include "Output.h"
+#include "PacketLines.h"
+#include "PacketWalk.h"
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+#include <memory>
+
+namespace Vantry { namespace Application {
+
+namespace {
+
+// SMPTE 377M allows a run-in ahead of the header partition up to this size.
+UInt64 const LONGEST_RUN_IN = 65535;
+
+/// Writes the lines and keeps account of the damage.
+class Dump : public PacketListener
+{
+public:
+    Dump(PacketLines const & lines, Output & output) : lines_(lines), output_(output) {}
+
+    void packet(KLV::Packet const & packet, UInt64 bytesThere) override
+    {
+        bool const cut = bytesThere < packet.length();
+        lines_.packet(output_.buffer(), packet, cut);
+        output_.pieceDone();
+
+        packetSeen_ = true;
+        if (cut)
+            damage(fmt::format("the packet at offset {} is cut: {} of {} bytes of its value are there",
+                               packet.keyAbsoluteOffset(), bytesThere, packet.length()));
+    }
+
+    void gap(UInt64 offset, UInt64 size, bool unreadableLength) override
+    {
+        lines_.gap(output_.buffer(), offset, size);
+        output_.pieceDone();
+
+        bool const runIn = offset == 0 && size <= LONGEST_RUN_IN && !unreadableLength;
+        if (!runIn)
+            damage(fmt::format("{} bytes at offset {} are no packet", size, offset));
+    }
+
+    /// \throws Failure when there was damage, or no packet at all.
+    void finish(std::string const & file) const
+    {
+        if (!output_.anyText())
+            throw Failure(ExitStatus::FAILED, file, "there is no data");
+        if (!packetSeen_)
+            throw Failure(ExitStatus::DAMAGED_INPUT, file, "there is no packet from offset 0 to the end");
+        if (damages_ == 1)
+            throw Failure(ExitStatus::DAMAGED_INPUT, file, firstDamage_);
+        if (damages_ > 1)
+            throw Failure(ExitStatus::DAMAGED_INPUT, file,
+                          fmt::format("{} (damaged places: {})", firstDamage_, damages_));
+    }
+
+private:
+    void damage(std::string const & what)
+    {
+        if (++damages_ == 1)
+            firstDamage_ = what;
+    }
+
+    PacketLines const & lines_;
+    Output & output_;
+    bool packetSeen_ = false;
+    UInt64 damages_ = 0;
+    std::string firstDamage_;
+};
+
+std::unique_ptr<PacketLines> makeLines(bool json)
+{
+    if (json)
+        return std::make_unique<JsonPacketLines>();
+    return std::make_unique<PlainPacketLines>();
+}
+
+}
+
+char const * DumpCommand::summary() const
+{
+    return "List every KLV packet: offset, key, length and name";
+}
+
+char const * DumpCommand::example() const
+{
+    return "vantry dump --json a.mxf";
+}
+
+void DumpCommand::declareOptions(CLI::App & options)
+{
+    options.add_option("FILE", file_, "The file to list, or - for standard input")->required()->type_name("");
+}
+
+void DumpCommand::run(CommonOptions const & common, Output & output)
+{
+    if (!common.dictionary.empty())
+        requireReadable(common.dictionary);
+
+    std::unique_ptr<Input> const input = Input::open(file_);
+    std::unique_ptr<PacketLines> const lines = makeLines(common.json);
+
+    Dump dump(*lines, output);
+    walkPackets(*input, dump);
+    dump.finish(file_);
+}
+
+}}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "Platform/Integers.h"
+
+#include <memory>
+#include <string>
+
+namespace Vantry {
+namespace DataIO {
+class DataSource;
+}
+
+namespace Application {
+
+/// The bytes that a command reads once from front to back: of a file, or of a
+/// stream that can't seek.
+class Input
+{
+public:
+    /// How far `stepBack` goes.
+    static constexpr UInt64 LONGEST_STEP_BACK = 64;
+
+    /// Opens a file, or standard input for "-".
+    ///
+    /// \throws Failure when there is no such file, or it can't be read.
+    static std::unique_ptr<Input> open(std::string const & name);
+
+    virtual ~Input() = default;
+
+    virtual DataIO::DataSource & source() = 0;
+
+    /// Goes back by some of the bytes that `source` has just read.
+    virtual void stepBack(UInt64 howMuch) = 0;
+};
+
+/// \throws Failure when there is no such file, or it can't be read.
+void requireReadable(std::string const & name);
+
+}
+}

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <fmt/format.h>
+
+namespace Vantry {
+namespace KLV {
+class Key;
+}
+
+namespace Application {
+
+/// Appends what a key tells of its packet (SMPTE 377M and 379M): "Header
+/// Partition (closed, complete)", "GC Picture Element (track number
+/// 0x15010500)", "Fill", "Unknown". No letter of it needs an escape in JSON.
+void appendKeyName(fmt::memory_buffer & text, KLV::Key const & key);
+
+}
+}

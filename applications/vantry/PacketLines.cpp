@@ -1,0 +1,70 @@
+#include "PacketLines.h"
+
+#include "KLV/Packet.h"
+#include "KeyName.h"
+
+#include <fmt/compile.h>
+#include <iterator>
+#include <string_view>
+
+// Files have millions of packets: the lines are put together in place, without
+// a tree of values or a string of their own.
+
+namespace Vantry { namespace Application {
+
+namespace {
+
+/// "06.0e.2b.34...": the key in dotted lower-case hexadecimal.
+class KeyText
+{
+public:
+    explicit KeyText(KLV::Key const & key)
+    {
+        static char const DIGITS[] = "0123456789abcdef";
+        char * next = text_;
+        for (int i = 0; i < BYTES; ++i)
+        {
+            *next++ = DIGITS[key[i] >> 4];
+            *next++ = DIGITS[key[i] & 15];
+            *next++ = '.';
+        }
+    }
+
+    operator std::string_view() const { return std::string_view(text_, 3 * BYTES - 1); }
+
+private:
+    static constexpr int BYTES = 16;
+
+    char text_[3 * BYTES];
+};
+
+}
+
+void PlainPacketLines::packet(fmt::memory_buffer & text, KLV::Packet const & packet, bool cut) const
+{
+    fmt::format_to(std::back_inserter(text), FMT_COMPILE("{:>12}  {}  {:>12}  "), packet.keyAbsoluteOffset(),
+                   std::string_view(KeyText(packet.key())), packet.length());
+    appendKeyName(text, packet.key());
+    text.append(std::string_view(cut ? ", cut\n" : "\n"));
+}
+
+void PlainPacketLines::gap(fmt::memory_buffer & text, UInt64 offset, UInt64 size) const
+{
+    fmt::format_to(std::back_inserter(text), "{:>12}  {:<47}  {:>12}  skipped\n", offset, '-', size);
+}
+
+void JsonPacketLines::packet(fmt::memory_buffer & text, KLV::Packet const & packet, bool cut) const
+{
+    fmt::format_to(
+        std::back_inserter(text), FMT_COMPILE(R"({{"offset": {}, "key": "{}", "ber": {}, "length": {}, "name": ")"),
+        packet.keyAbsoluteOffset(), std::string_view(KeyText(packet.key())), packet.berLength(), packet.length());
+    appendKeyName(text, packet.key());
+    text.append(std::string_view(cut ? "\", \"cut\": true}\n" : "\"}\n"));
+}
+
+void JsonPacketLines::gap(fmt::memory_buffer & text, UInt64 offset, UInt64 size) const
+{
+    fmt::format_to(std::back_inserter(text), "{{\"offset\": {}, \"skipped\": {}}}\n", offset, size);
+}
+
+}}

@@ -1,0 +1,21 @@
+#include "DumpCommand.h"
+#include "Output.h"
+#include "Program.h"
+
+#include <csignal>
+#include <cstdio>
+
+int main(int argumentCount, char ** arguments)
+{
+    using namespace Vantry::Application;
+
+    // A reader of the result that has gone shows as a failed write then, and
+    // the command ends in order.
+    std::signal(SIGPIPE, SIG_IGN);
+
+    Program program;
+    program.add(std::make_unique<DumpCommand>());
+
+    Output output(stdout);
+    return static_cast<int>(program.run(argumentCount, arguments, output));
+}

@@ -1,0 +1,286 @@
+#include "support/Samples.h"
+#include "support/VantryProgram.h"
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+#include <random>
+#include <sstream>
+
+namespace Vantry { namespace Tests {
+
+using Json = nlohmann::ordered_json;
+
+namespace {
+
+std::size_t const KEY_SIZE = 16;
+
+/// What a dump should tell of a file.
+struct Expected
+{
+    std::vector<Json> records; // without the names
+    int status;
+};
+
+bool isKeyStart(Bytes const & file, std::size_t at)
+{
+    static unsigned char const PREFIX[] = {0x06, 0x0E, 0x2B, 0x34};
+    return file.size() - at >= KEY_SIZE && std::equal(PREFIX, PREFIX + 4, file.begin() + at) &&
+           (file[at + 4] <= 3 || file[at + 4] == 5);
+}
+
+std::string dotted(unsigned char const * key)
+{
+    std::ostringstream text;
+    for (std::size_t i = 0; i < KEY_SIZE; ++i)
+        text << (i ? "." : "") << std::hex << (key[i] >> 4) << (key[i] & 15);
+    return text.str();
+}
+
+/// A walk over the bare bytes, which shares nothing with the program.
+Expected walk(Bytes const & file)
+{
+    Expected expected{{}, file.empty() ? 1 : 0};
+    bool unreadable = false;
+    std::size_t gap = 0;
+    auto const endGap = [&](std::size_t end)
+    {
+        if (end == gap)
+            return;
+        expected.records.push_back({{"offset", gap}, {"skipped", end - gap}});
+        if (gap > 0 || end > 65535 || unreadable || end == file.size())
+            expected.status = 3;
+        unreadable = false;
+    };
+
+    for (std::size_t at = 0; at < file.size();)
+    {
+        if (!isKeyStart(file, at))
+        {
+            ++at;
+            continue;
+        }
+
+        std::size_t const there = file.size() - at - KEY_SIZE;
+        if (there == 0)
+            break;
+        unsigned char const * const field = &file[at + KEY_SIZE];
+        std::size_t const ber = field[0] < 0x80 ? 1 : field[0] - 0x7F;
+        if (field[0] == 0x80 || ber > 9)
+        {
+            unreadable = true;
+            ++at;
+            continue;
+        }
+        if (there < ber)
+            break;
+        UInt64 length = ber == 1 ? field[0] : 0;
+        for (std::size_t i = 1; i < ber; ++i)
+            length = length << 8 | field[i];
+
+        endGap(at);
+        Json record = {{"offset", at}, {"key", dotted(&file[at])}, {"ber", ber}, {"length", length}};
+        if (length > there - ber)
+        {
+            record["cut"] = true;
+            expected.status = 3;
+        }
+        expected.records.push_back(record);
+        at += KEY_SIZE + ber + std::min<UInt64>(length, there - ber);
+        gap = at;
+    }
+    endGap(file.size());
+    return expected;
+}
+
+/// Holds one dump against what it should be.
+void compare(Ended const & dump, Expected const & expected)
+{
+    EXPECT_EQ(dump.status, expected.status) << dump.errors;
+    EXPECT_EQ(dump.errors.empty(), expected.status == 0) << dump.errors;
+
+    std::istringstream lines(dump.output);
+    std::string line;
+    for (Json const & record : expected.records)
+    {
+        ASSERT_TRUE(std::getline(lines, line)) << "missing: " << record;
+        Json got = Json::parse(line);
+        EXPECT_EQ(got.erase("name"), record.contains("key")) << line;
+        ASSERT_EQ(got.dump(), record.dump());
+    }
+    EXPECT_FALSE(std::getline(lines, line)) << "too much: " << line;
+}
+
+/// Dumps a file by its name and as standard input, plain and as a pipe.
+void check(ScratchFolder const & scratch, std::string const & name, Bytes const & file)
+{
+    SCOPED_TRACE(name);
+    Expected const expected = walk(file);
+    scratch.write("file", file);
+    compare(runVantry(scratch, "dump --json file"), expected);
+    compare(runVantry(scratch, "dump --json - < file"), expected);
+}
+
+/// Checks a file that has been damaged in all the ways that a disk or a line
+/// has to damage it.
+void checkDamaged(ScratchFolder const & scratch, std::string const & name, Bytes const & file)
+{
+    std::vector<Json> const records = walk(file).records;
+    std::size_t const middle = records[records.size() / 2]["offset"];
+    Bytes const behind(file.begin() + middle, file.end());
+
+    check(scratch, name + " with run-in", hex("06 0E 2B 34 04 06 0E 2B") + file);
+    check(scratch, name + " with long run-in", repeated(65536, 0x06) + file);
+    check(scratch, name + " with garbage inside", file.first(middle) + hex("00 06 0E 2B 34 06 0E 2B 34") + behind);
+    for (unsigned char field : {0x80, 0x8A, 0xFF})
+    {
+        Bytes unreadable = file;
+        unreadable[middle + KEY_SIZE] = field;
+        check(scratch, name + " with unreadable length", unreadable);
+    }
+    for (std::size_t size : {middle + 3, middle + KEY_SIZE, middle + KEY_SIZE + 1, file.size() - 1})
+        check(scratch, name + " cut", file.first(size));
+
+    std::mt19937 random(static_cast<unsigned int>(file.size()));
+    Bytes flipped = file;
+    for (int i = 0; i < 100; ++i)
+        flipped[random() % file.size()] ^= 1 << random() % 8;
+    check(scratch, name + " with flipped bits", flipped);
+}
+
+}
+
+TEST(Dump, AgreesWithAnIndependentWalkOverSamples)
+{
+    VANTRY_NEEDS_SAMPLES();
+    ScratchFolder const scratch;
+    for (std::filesystem::path const & sample : samples())
+    {
+        Bytes const file = readFile(sample);
+        check(scratch, sample.filename(), file);
+        if (file.size() < 30000)
+            checkDamaged(scratch, sample.filename(), file);
+    }
+}
+
+TEST(Dump, CountsAsTheCatalogueOfSamplesDoes)
+{
+    VANTRY_NEEDS_SAMPLES();
+    ScratchFolder const scratch;
+    std::ifstream file(sampleFolder() / "catalogue.json");
+    Json const catalogue = Json::parse(file);
+    for (auto const & [name, entry] : catalogue.items())
+    {
+        // There, keys of other registries count as packets too.
+        if (entry["oddities"].dump().find("does not begin 060e2b34") != std::string::npos)
+            continue;
+        std::string const lines =
+            runVantry(scratch, "dump '" + (sampleFolder() / name).string() + "' | grep -vc ' skipped$'").output;
+        EXPECT_EQ(std::stoi(lines), entry["klvs"]) << name;
+    }
+}
+
+TEST(Dump, AgreesWithAnIndependentWalkOverFilesOfFfmpeg)
+{
+    if (std::system("ffmpeg -version > /dev/null 2>&1") != 0)
+        GTEST_SKIP() << "ffmpeg isn't there";
+
+    std::string const PICTURE = "-f lavfi -i testsrc2=s=720x608:r=25:d=0.2 ";
+    std::string const SOUND = "-f lavfi -i sine=r=48000:d=0.2 -c:a pcm_s16le ";
+    std::string const COMMANDS[] = {
+        PICTURE + SOUND + "-c:v mpeg2video -f mxf",
+        PICTURE + SOUND +
+            "-c:v mpeg2video -pix_fmt yuv422p -g 1 -b:v 30M -minrate 30M -maxrate 30M -bufsize 1200000"
+            " -rc_init_occupancy 1200000 -qmin 1 -qmax 12 -flags +ildct+low_delay -dc 10 -intra_vlc 1"
+            " -non_linear_quant 1 -ps 1 -f mxf_d10",
+        SOUND + "-f mxf_opatom",
+    };
+
+    ScratchFolder const scratch;
+    for (std::string const & command : COMMANDS)
+    {
+        std::filesystem::path const made = scratch.path() / "made";
+        std::string const line = "ffmpeg -nostdin -v error -y " + command + " " + made.string();
+        ASSERT_EQ(std::system(line.c_str()), 0) << line;
+        Bytes const file = readFile(made);
+        check(scratch, command, file);
+        checkDamaged(scratch, command, file);
+    }
+}
+
+TEST(Dump, HoldsItsGroundOnWhatNobodyWouldWrite)
+{
+    std::string const KEY = "06 0E 2B 34 01 01 01 01 0F 00 00 80 00 00 00 00";
+    struct Case
+    {
+        char const * name;
+        Bytes file;
+    };
+    Case const CASES[] = {
+        {"the start of a key ahead of a key", hex("06 0E 2B 34 01" + KEY + "01 00")},
+        {"a stretch of keys without length", hex("06 0E 2B 34 01" + KEY + KEY + KEY)},
+        {"a length near the end of numbers", hex(KEY + "88 FF FF FF FF FF FF FF FF 00")},
+        {"a length of 2^62", hex(KEY + "01 00" + KEY + "88 40 00 00 00 00 00 00 00") + repeated(1000, 0)},
+        {"a length of nothing in nine bytes", hex(KEY + "88 00 00 00 00 00 00 00 00" + KEY + "00")},
+        {"only the start of a key", hex("06 0E 2B 34 01")},
+        {"less", hex("06")},
+    };
+
+    ScratchFolder const scratch;
+    for (Case const & c : CASES)
+        check(scratch, c.name, c.file);
+
+    // Garbage that straddles the edges of the buffers.
+    for (std::size_t edge : {16384, 262144, 262208})
+        for (std::size_t size = edge - 30; size < edge + 3; size += 8)
+            check(scratch, std::to_string(size), repeated(size, 0) + hex("06 0E 2B 34 01" + KEY + "01 00"));
+}
+
+TEST(Dump, ShowsColumnsAndNames)
+{
+    char const * const LINES = &R"(
+           0  -                                                           2  skipped
+           2  06.0e.2b.34.02.05.01.01.0d.01.02.01.01.02.04.00             1  Header Partition (closed, complete)
+          20  06.0e.2b.34.02.05.01.01.0d.01.02.01.01.05.01.00             0  Primer Pack
+          37  06.0e.2b.34.02.53.01.01.0d.01.01.01.01.01.2f.00             0  Structural Metadata Set
+          54  06.0e.2b.34.02.53.01.01.0d.01.04.01.01.01.01.00             0  Descriptive Metadata Set
+          71  06.0e.2b.34.02.53.01.01.0d.01.01.01.02.20.00.00             0  Unknown Set
+          88  06.0e.2b.34.02.53.01.01.0d.01.02.01.01.10.01.00             0  Index Table Segment
+         105  06.0e.2b.34.01.01.01.02.03.01.02.10.01.00.00.00             0  Fill
+         122  06.0e.2b.34.02.05.01.01.0d.01.02.01.01.03.01.00             0  Body Partition (open, incomplete)
+         139  06.0e.2b.34.02.05.01.01.0d.01.02.01.01.03.02.00             0  Body Partition (closed, incomplete)
+         156  06.0e.2b.34.02.05.01.01.0d.01.02.01.01.03.11.00             0  Generic Stream Partition
+         173  06.0e.2b.34.02.05.01.01.0d.01.02.01.01.03.00.00             0  Body Partition (unknown status 0x00)
+         190  06.0e.2b.34.01.01.01.0c.0d.01.05.09.01.00.00.00             0  Generic Stream Element
+         207  06.0e.2b.34.01.02.01.01.0d.01.03.01.05.01.01.01             0  CP Picture Element (track number 0x05010101)
+         224  06.0e.2b.34.01.02.01.01.0d.01.03.01.06.01.10.02             0  CP Sound Element (track number 0x06011002)
+         241  06.0e.2b.34.01.02.01.01.0d.01.03.01.07.01.20.03             0  CP Data Element (track number 0x07012003)
+         258  06.0e.2b.34.01.02.01.01.0d.01.03.01.15.01.05.00             0  GC Picture Element (track number 0x15010500)
+         275  06.0e.2b.34.01.02.01.01.0d.01.03.01.16.01.01.00             0  GC Sound Element (track number 0x16010100)
+         292  06.0e.2b.34.01.02.01.01.0d.01.03.01.17.01.02.00             0  GC Data Element (track number 0x17010200)
+         309  06.0e.2b.34.01.02.01.01.0d.01.03.01.18.01.01.00             0  GC Compound Element (track number 0x18010100)
+         326  06.0e.2b.34.02.05.01.01.0d.01.03.01.04.01.01.00             0  CP System Item (track number 0x04010100)
+         343  06.0e.2b.34.02.63.01.01.0d.01.03.01.14.02.01.00             0  GC System Item (track number 0x14020100)
+         360  06.0e.2b.34.02.04.01.07.0d.01.03.01.02.7e.01.00             0  Encrypted Triplet
+         377  06.0e.2b.34.01.02.01.01.0e.04.03.01.15.00.06.00             0  Unknown
+         394  06.0e.2b.34.02.05.01.01.0d.01.02.01.01.04.03.00             0  Footer Partition (open, complete)
+         411  06.0e.2b.34.02.05.01.01.0d.01.02.01.01.11.01.00             9  Random Index Pack, cut
+)"[1];
+
+    // The file is made from what should be seen of it.
+    Bytes file;
+    std::istringstream lines(LINES);
+    for (std::string offset, key, length, name; lines >> offset >> key >> length && std::getline(lines, name);)
+    {
+        std::replace(key.begin(), key.end(), '.', ' ');
+        auto const size = static_cast<unsigned char>(std::stoi(length));
+        file += key == "-" ? repeated(size, 7) : hex(key) + Bytes{size} + repeated(size, 0);
+    }
+
+    file.pop_back(); // cuts the last
+
+    ScratchFolder const scratch;
+    scratch.write("file", file);
+    EXPECT_EQ(runVantry(scratch, "dump file").output, LINES);
+}
+
+}}

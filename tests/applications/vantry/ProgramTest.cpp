@@ -1,0 +1,104 @@
+#include "support/VantryProgram.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+#include <sys/stat.h>
+
+namespace Vantry { namespace Tests {
+
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+Bytes const FILL = hex("06 0E 2B 34 01 01 01 02 03 01 02 10 01 00 00 00  03  00 00 00");
+
+TEST(Program, EndsWithAStatusAndAtMostOneLine)
+{
+    ScratchFolder const scratch;
+    scratch.write("fill", FILL);
+    scratch.write("run-in", repeated(65535, 7) + FILL);
+    scratch.write("long-run-in", repeated(65536, 7) + FILL);
+    scratch.write("between", FILL + hex("07 07") + FILL + hex("07"));
+    scratch.write("cut", FILL.first(18));
+    scratch.write("cut-length", FILL + FILL.first(16));
+    scratch.write("bad-length", FILL.first(16) + hex("80") + FILL);
+    scratch.write("no-packet", repeated(100, 7));
+    scratch.write("empty", {});
+    std::filesystem::create_directory(scratch.path() / "folder");
+    ASSERT_EQ(mkfifo((scratch.path() / "pipe").c_str(), 0600), 0);
+
+    struct Case
+    {
+        char const * arguments;
+        int status;
+        char const * errors;
+    };
+
+    Case const CASES[] = {
+        {"dump fill", 0, ""},
+        {"dump --json --quiet --dictionary fill -- fill", 0, ""},
+        {"dump - < fill", 0, ""},
+        {"dump pipe & cat fill > pipe; wait $!", 0, ""},
+        {"dump run-in", 0, ""},
+        {"dump /dev/stdin < empty", 1, "vantry: /dev/stdin: there is no data\n"},
+        {"dump empty", 1, "vantry: empty: there is no data\n"},
+        {"dump folder", 1, "vantry: folder: is a directory\n"},
+        {"dump - < folder", 1, "vantry: -: Error reading from stream. Is a directory\n"},
+        {"dump missing", 1, "vantry: missing: can't be opened: No such file or directory\n"},
+        {"dump 'a\nb'", 1, "vantry: a b: can't be opened: No such file or directory\n"},
+        {"dump --dictionary missing fill", 1, "vantry: missing: can't be opened: No such file or directory\n"},
+        {"dump fill > /dev/full", 1, "vantry: standard output: No space left on device\n"},
+        {"--version > /dev/full", 1, "vantry: standard output: No space left on device\n"},
+        {"", 2, "vantry: a command is missing (see vantry --help)\n"},
+        {"dumb fill", 2, "vantry: there is no command or option dumb (see vantry --help)\n"},
+        {"--json dump fill", 2, "vantry: The following argument was not expected: --json (see vantry dump --help)\n"},
+        {"dump", 2, "vantry: FILE is required (see vantry dump --help)\n"},
+        {"dump fill fill", 2, "vantry: The following argument was not expected: fill (see vantry dump --help)\n"},
+        {"dump --force fill", 2, "vantry: The following argument was not expected: --force (see vantry dump --help)\n"},
+        {"dump long-run-in", 3, "vantry: long-run-in: 65536 bytes at offset 0 are no packet\n"},
+        {"dump between", 3, "vantry: between: 2 bytes at offset 20 are no packet (damaged places: 2)\n"},
+        {"dump cut", 3, "vantry: cut: the packet at offset 0 is cut: 1 of 3 bytes of its value are there\n"},
+        {"dump - < cut", 3, "vantry: -: the packet at offset 0 is cut: 1 of 3 bytes of its value are there\n"},
+        {"dump cut-length", 3, "vantry: cut-length: 16 bytes at offset 20 are no packet\n"},
+        {"dump bad-length", 3, "vantry: bad-length: 17 bytes at offset 0 are no packet\n"},
+        {"dump no-packet", 3, "vantry: no-packet: there is no packet from offset 0 to the end\n"},
+    };
+
+    for (Case const & c : CASES)
+    {
+        SCOPED_TRACE(c.arguments);
+        Ended const ended = runVantry(scratch, c.arguments);
+        EXPECT_EQ(ended.status, c.status);
+        EXPECT_EQ(ended.errors, c.errors);
+        EXPECT_TRUE(c.status == 0 || c.status == 3 || ended.output.empty()) << ended.output;
+    }
+}
+
+TEST(Program, TellsHowItIsUsed)
+{
+    ScratchFolder const scratch;
+    EXPECT_THAT(runVantry(scratch, "--version").output, StartsWith("vantry 4.4.3.0"));
+    EXPECT_THAT(runVantry(scratch, "--help").output, HasSubstr("List every KLV packet"));
+
+    Ended const help = runVantry(scratch, "dump --help");
+    EXPECT_EQ(help.status, 0);
+    EXPECT_EQ(help.errors, "");
+    for (char const * text : {"FILE", "--json", "--quiet", "--dictionary", "Example: vantry dump --json a.mxf"})
+        EXPECT_THAT(help.output, HasSubstr(text));
+}
+
+TEST(Program, EndsQuietlyWhenItsReaderGoes)
+{
+    ScratchFolder const scratch;
+    Bytes many;
+    for (int i = 0; i < 10000; ++i)
+        many += FILL;
+    scratch.write("many", many);
+
+    Ended const ended = runVantry(scratch, "dump many 2> errors | head -n 1; cat errors >&2");
+    EXPECT_EQ(std::count(ended.output.begin(), ended.output.end(), '\n'), 1);
+    EXPECT_EQ(ended.errors, "");
+}
+
+}}
