@@ -13,32 +13,27 @@ using namespace Vantry::Tests;
 
 TEST(LocalElement, WalksThroughASet)
 {
-    forEachReadSize(hex("3C 0A 00 04 01 02 03 04"
-                        "80 00 00 00"
-                        "01 01 00 02 05 06"
-                        "FF FF"),
-                    [](BytesSource & source)
+    struct Expected
+    {
+        char const * tag;
+        UInt16 length;
+    };
+    Bytes const bytes = hex("3C 0A 00 04 01 02 03 04  80 00 00 00  01 01 01 01") + repeated(0x101, 5) + hex("FF FF");
+
+    forEachReadSize(bytes,
+                    [&](BytesSource & source)
                     {
-                        KLV::Value set(source, 18);
+                        KLV::Value set(source, bytes.size() - 2);
+                        for (Expected const & expected : {Expected{"3C 0A", 4}, {"80 00", 0}, {"01 01", 0x101}})
                         {
                             KLV::LocalElement element(set);
-                            EXPECT_TRUE(element.tag() == Types::LocalTag(hex("3C 0A").data()));
-                            EXPECT_EQ(element.length(), 4);
-                            unsigned char first = 0;
-                            element.value().readValue(&first, 1);
-                            EXPECT_EQ(first, 1);
-                        }
-                        {
-                            KLV::LocalElement const empty(set);
-                            EXPECT_TRUE(empty.tag() == Types::LocalTag(hex("80 00").data()));
-                            EXPECT_TRUE(empty.value().endOfStream());
-                        }
-                        {
-                            KLV::LocalElement const unread(set);
-                            EXPECT_EQ(unread.length(), 2);
+                            EXPECT_TRUE(element.tag() == Types::LocalTag(hex(expected.tag).data()));
+                            EXPECT_EQ(element.length(), expected.length);
+                            EXPECT_EQ(element.value().remaining(), expected.length);
+                            element.value().skip(1);
                         }
                         EXPECT_TRUE(set.endOfStream());
-                        EXPECT_EQ(source.absoluteOffset(), 18u);
+                        EXPECT_EQ(source.absoluteOffset(), bytes.size() - 2);
                     });
 }
 

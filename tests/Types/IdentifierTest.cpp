@@ -60,7 +60,6 @@ Kind const LABEL = kind<Types::UniversalLabel>("UniversalLabel", 16, OID);
 Kind const UUID = kind<Types::UUID>("UUID", 16, RFC4122);
 Kind const UMID32 = kind<Types::UMID32>("UMID32", 32, HEXADECIMAL);
 Kind const UMID64 = kind<Types::UMID64>("UMID64", 64, HEXADECIMAL);
-
 Kind const KEY = kind<KLV::Key>("Key", 16, OID);
 
 Kind const KINDS[] = {KEY, TAG, LABEL, UUID, UMID32, UMID64};
@@ -87,6 +86,7 @@ std::string failureOf(std::function<void()> const & action)
 TEST(IdentifierText, LoadsWhatItRendered)
 {
     std::mt19937 random(4711);
+    Bytes const prefix = hex("06 0E 2B 34 02");
     for (Kind const & kind : KINDS)
         for (int round = 0; round < 1000; ++round)
         {
@@ -94,16 +94,11 @@ TEST(IdentifierText, LoadsWhatItRendered)
             for (unsigned char & byte : bytes)
                 byte = static_cast<unsigned char>(random() % 3 == 0 ? 0 : random());
             if (kind.native == OID)
-            {
-                Bytes const prefix = hex("06 0E 2B 34 02");
-                std::copy(prefix.begin(), prefix.end(), bytes.begin());
-            }
+                for (std::size_t i = 0; i < prefix.size(); ++i)
+                    bytes[i] = prefix[i];
 
-            for (Encoding encoding : {DOTTED, kind.native, NATIVE})
-            {
-                std::string const text = kind.render(bytes, encoding);
-                ASSERT_EQ(kind.load(text, encoding), bytes) << kind.name << ' ' << text;
-            }
+            for (Encoding encoding : {DOTTED, kind.native})
+                ASSERT_EQ(kind.load(kind.render(bytes, encoding), encoding), bytes) << kind.name;
         }
 }
 
@@ -122,7 +117,6 @@ TEST(IdentifierText, HasItsForms)
     Case const cases[] = {
         {TAG, HEXADECIMAL, "0x3c0a", hex("3C 0A"), "0x3c0a"},
         {TAG, NATIVE, "0xFFaB", hex("FF AB"), "0xffab"},
-        {TAG, DOTTED, "3c.0a", hex("3C 0A"), "3c.0a"},
         {TAG, DOTTED, "3C:0A", hex("3C 0A"), "3c.0a"},
         // A digit for a separator belongs to the number, whose low byte counts.
         {TAG, DOTTED, "3cb0a", hex("0A 0A"), "0a.0a"},
@@ -134,7 +128,6 @@ TEST(IdentifierText, HasItsForms)
         {LABEL, OID, "1.3.53. 7.+8.x.9y..10", hex("060E2B34 07 08 00 09 00 0A") + repeated(6, 0),
          "1.3.53.7.8.0.9.0.10"},
         {KEY, OID, "1.3.53.2.5.0.1", hex("060E2B34 02 05 00 01") + repeated(8, 0), "1.3.53.2.5.0.1"},
-        {KEY, NATIVE, "1.3.53.2.0", hex("060E2B34 02") + repeated(11, 0), "1.3.53.2"},
         {LABEL, OID, "1.3.53.1.2.3.4.5.6.7.8.9.10.11.0", hex("060E2B34 010203040506070809 0A 0B 00"),
          "1.3.53.1.2.3.4.5.6.7.8.9.10.11"},
     };
@@ -165,17 +158,13 @@ TEST(IdentifierText, SaysWhatIsWrong)
     std::string const digitForHyphen = "InvalidLabel: Expected a separator that is not an hexadecimal character";
 
     Case const cases[] = {
-        {TAG, DOTTED, "", tooShort},
-        {TAG, DOTTED, "3c.0", tooShort},
         {TAG, DOTTED, "3c.0a.", tooShort},
         {TAG, DOTTED, "3c.g0", noDigits},
         {TAG, DOTTED, "3c.0\xC4\xB0", noDigits}, // U+0130, whose low byte is "0"
-        {UMID64, DOTTED, "06.0e", tooShort},
         {TAG, HEXADECIMAL, "0x3c0", tooShort},
         {TAG, HEXADECIMAL, "0X3c0a", no0x},
         {TAG, HEXADECIMAL, "0x3c0/", noDigits},
         {UMID32, NATIVE, "0x3c0a", tooShort},
-        {UUID, RFC4122, "f81d4fae-7dec-11d0-a765-00a0c91e6bf", tooShort},
         {UUID, RFC4122, "f81d4fae-7dec-11d0-a765-00a0c91e6bf6-", tooShort},
         {UUID, RFC4122, "f81d4fag-7dec-11d0-a765-00a0c91e6bf6", noDigits},
         {UUID, RFC4122, "f81d4fae-7dec-11d0a-765-00a0c91e6bf6", digitForHyphen},
@@ -191,7 +180,6 @@ TEST(IdentifierText, SaysWhatIsWrong)
         {LABEL, OID, "1.3.53.-1", outOfRange},
         {LABEL, OID, "1.3.53.4294967297", outOfRange},
         {LABEL, OID, "1.3.53.1.2.3.4.5.6.7.8.9.10.11.12.13", tooLong},
-        {LABEL, OID, "1.3.53.1.2.3.4.5.6.7.8.9.10.11.12.13.14.15.16.17", tooLong},
     };
     for (Case const & c : cases)
         EXPECT_EQ(failureOf([&] { c.kind.load(c.text, c.encoding); }), c.failure) << c.kind.name << ' ' << c.text;
@@ -231,13 +219,8 @@ TEST(Identifier, GivesItsBytes)
     umid[63] = 9;
     Types::UID const & base = umid;
     EXPECT_EQ(base[63], 9);
-    EXPECT_EQ(base[1], 1);
     EXPECT_EQ(base.size(), 64);
-    EXPECT_EQ(base.serializedSize(), 64);
-
-    Templates::auto_ptr<Types::SimpleDataType> const clone = base.clone();
-    EXPECT_NE(clone->rawBuffer(), base.rawBuffer());
-    EXPECT_TRUE(dynamic_cast<Types::UMID64 &>(*clone) == umid);
+    EXPECT_TRUE(dynamic_cast<Types::UMID64 &>(*base.clone()) == umid);
 }
 
 TEST(Identifier, IsStreamedAsDottedBytes)
@@ -249,10 +232,9 @@ TEST(Identifier, IsStreamedAsDottedBytes)
 
 TEST(LocalTag, IsStaticByItsFirstByte)
 {
-    EXPECT_FALSE(Types::LocalTag(hex("00 01").data()).isStaticLocalTag());
-    EXPECT_TRUE(Types::LocalTag(hex("01 00").data()).isStaticLocalTag());
-    EXPECT_TRUE(Types::LocalTag(hex("7F FF").data()).isStaticLocalTag());
-    EXPECT_FALSE(Types::LocalTag(hex("80 00").data()).isStaticLocalTag());
+    for (int first = 0; first < 256; ++first)
+        EXPECT_EQ(Types::LocalTag(counting(2, static_cast<unsigned char>(first)).data()).isStaticLocalTag(),
+                  first >= 1 && first <= 127);
 }
 
 TEST(UniversalLabel, ComparesInPart)
