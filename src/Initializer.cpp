@@ -1,5 +1,6 @@
 #include "Initializer.h"
 
+#include "DataIO/Memory/MemoryBlockFactory.h"
 #include "Platform/Synchronization/Mutex.h"
 #include "Templates/Containers.h"
 
@@ -95,6 +96,7 @@ void Initializer::shutdown()
     if (initializer == nullptr)
         return;
 
+    DataIO::Memory::MemoryBlockFactory::destroy();
     initializer->registry_->allUnloaded();
     theInitializer.store(nullptr, std::memory_order_release);
     delete initializer;

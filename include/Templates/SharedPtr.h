@@ -4,6 +4,7 @@
 #include "Templates/LockedCounter.h"
 #include "Templates/auto_ptr.h"
 
+#include <type_traits>
 #include <utility>
 
 namespace Vantry { namespace Templates {
@@ -15,6 +16,10 @@ namespace Vantry { namespace Templates {
 template <class T, class Counter = LockedCounter>
 class SharedPtr
 {
+    // Drops a constructor where the pointers don't convert.
+    template <class Derived>
+    using Convertible = std::enable_if_t<std::is_convertible<Derived *, T *>::value>;
+
 public:
     VANTRY_CLASS_ALLOCATION
 
@@ -43,14 +48,14 @@ public:
 
     SharedPtr(SharedPtr && other) noexcept : SharedPtr() { swap(other); }
 
-    template <class Derived>
+    template <class Derived, class = Convertible<Derived>>
     SharedPtr(SharedPtr<Derived, Counter> const & other) noexcept :
         pointer_(other.pointer_), owned_(other.owned_), counter_(other.counter_), freeCounter_(other.freeCounter_)
     {
         addReference();
     }
 
-    template <class Derived>
+    template <class Derived, class = Convertible<Derived>>
     SharedPtr(auto_ptr<Derived> pointer) : SharedPtr(static_cast<T *>(pointer.release()))
     {
     }

@@ -2,6 +2,8 @@
 
 #include "Platform/Allocation.h"
 
+#include <type_traits>
+
 namespace Vantry { namespace Templates {
 
 /// A pointer with one owner, which a copy hands on: in a signature it means
@@ -10,6 +12,10 @@ namespace Vantry { namespace Templates {
 template <class T>
 class auto_ptr
 {
+    // Drops a constructor where the pointers don't convert.
+    template <class Derived>
+    using Convertible = std::enable_if_t<std::is_convertible<Derived *, T *>::value>;
+
 public:
     VANTRY_CLASS_ALLOCATION
 
@@ -19,12 +25,12 @@ public:
     auto_ptr(auto_ptr & other) noexcept : pointer_(other.release()) {}
     auto_ptr(auto_ptr && other) noexcept : pointer_(other.release()) {}
 
-    template <class Derived>
+    template <class Derived, class = Convertible<Derived>>
     auto_ptr(auto_ptr<Derived> & other) noexcept : pointer_(other.release())
     {
     }
 
-    template <class Derived>
+    template <class Derived, class = Convertible<Derived>>
     auto_ptr(auto_ptr<Derived> && other) noexcept : pointer_(other.release())
     {
     }

@@ -1,13 +1,14 @@
 #pragma once
 
+#include "Platform/Export.h"
 #include "Platform/Text.h"
 #include "Templates/Containers.h"
 
 namespace Vantry { namespace Exceptions {
 
 /// The condition, ": " and the text, as the message of a failed check.
-Templates::wstring checkMessage(char const * condition, char const * text);
-Templates::wstring checkMessage(char const * condition, unsigned short const * text);
+VANTRY_EXPORT Templates::wstring checkMessage(char const * condition, char const * text);
+VANTRY_EXPORT Templates::wstring checkMessage(char const * condition, unsigned short const * text);
 
 inline char const * textOf(char const * text)
 {

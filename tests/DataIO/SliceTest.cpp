@@ -3,19 +3,10 @@
 #include "DataIO/Memory/MemoryBlockFactory.h"
 #include "Exceptions/BadAlloc.h"
 #include "support/Failure.h"
+#include "support/ScarceMemory.h"
 #include "support/Slices.h"
 
 #include <limits>
-
-// The memory that one test asks for is out of reach, and it wants to be told.
-extern "C" char const * __asan_default_options()
-{
-    return "allocator_may_return_null=1";
-}
-extern "C" char const * __tsan_default_options()
-{
-    return "allocator_may_return_null=1";
-}
 
 namespace Vantry { namespace Tests {
 
