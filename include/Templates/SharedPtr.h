@@ -60,7 +60,8 @@ public:
     {
     }
 
-    ~SharedPtr() { release(); }
+    // The analyzer can't follow the count.
+    ~SharedPtr() { release(); } // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks)
 
     SharedPtr & operator=(SharedPtr other) noexcept
     {

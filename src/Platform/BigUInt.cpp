@@ -71,9 +71,8 @@ BigUInt::BigUInt(BigUInt const & other) : impl_(new Impl(*other.impl_)) {}
 
 BigUInt & BigUInt::operator=(BigUInt const & other)
 {
-    Impl * const copy = new Impl(*other.impl_);
-    delete impl_;
-    impl_ = copy;
+    if (this != &other)
+        *impl_ = Impl(*other.impl_);
     return *this;
 }
 

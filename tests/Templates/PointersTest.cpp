@@ -91,8 +91,9 @@ TEST(SharedPtr, DeletesWithTheLastCopy)
 
     Derived lent;
     {
-        SharedPtr<Base> const third(&lent, false);
+        SharedPtr<Base> third(&lent, false);
         SharedPtr<Base> const fourth(third);
+        third.reset();
     }
     EXPECT_EQ(Base::alive, 1) << "a lent object is never deleted";
 }
