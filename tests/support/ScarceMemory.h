@@ -2,7 +2,6 @@
 
 // For a test, in one source per program, that asks for memory out of reach
 // and wants to be told: sanitizers would end the program there.
-// NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" [[gnu::used]] inline char const * __asan_default_options()
 {
     return "allocator_may_return_null=1";
@@ -11,4 +10,3 @@ extern "C" [[gnu::used]] inline char const * __tsan_default_options()
 {
     return "allocator_may_return_null=1";
 }
-// NOLINTEND(bugprone-reserved-identifier)
