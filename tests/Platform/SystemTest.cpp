@@ -168,5 +168,6 @@ TEST(Version, IsThatOfTheBuild)
     EXPECT_EQ(Version::minor(), 4);
     EXPECT_EQ(Version::patch(), 3);
     EXPECT_EQ(Version::build(), 0);
+    EXPECT_EQ(Version::releaseVersion(), 3);
     EXPECT_EQ(text(Version::versionString()), "4.4.3.0");
 }
