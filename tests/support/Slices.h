@@ -2,10 +2,13 @@
 
 #include "DataIO/BlockFactory.h"
 #include "DataIO/Chain.h"
+#include "DataIO/SliceSource.h"
 #include "support/Bytes.h"
 
 #include <algorithm>
 #include <atomic>
+#include <deque>
+#include <vector>
 
 namespace Vantry { namespace Tests {
 
@@ -63,6 +66,67 @@ private:
     std::atomic<int> made_{0};
     std::atomic<int> alive_{0};
 };
+
+/// Gives pieces of a stream, each on a block of its own, at most as many
+/// bytes as are asked for. An empty piece stands for nothing yet.
+class PieceSource : public DataIO::SliceSource
+{
+public:
+    PieceSource(CountingBlocks & blocks, std::vector<Bytes> const & pieces)
+    {
+        for (Bytes const & piece : pieces)
+            pieces_.push_back(new DataIO::Slice(*blocks.slice(piece)));
+    }
+
+    ~PieceSource() override
+    {
+        for (DataIO::Slice * piece : pieces_)
+            delete piece;
+    }
+
+    Templates::auto_ptr<DataIO::Slice> read(UInt64 howMuch) override
+    {
+        Templates::auto_ptr<DataIO::Slice> slice(new DataIO::Slice);
+        if (pieces_.empty())
+            return slice;
+
+        slice.reset(pieces_.front());
+        pieces_.pop_front();
+        if (slice->size() > howMuch)
+            pieces_.push_front(slice->splice(slice->begin() + howMuch).release());
+        offset_ += slice->size();
+        return slice;
+    }
+
+    UInt64 absoluteOffset() const override { return offset_; }
+    bool endOfStream() const override { return pieces_.empty(); }
+
+    UInt64 skip(UInt64 howMuch) override
+    {
+        UInt64 skipped = 0;
+        while (skipped < howMuch && !pieces_.empty())
+            skipped += read(howMuch - skipped)->size();
+        return skipped;
+    }
+
+private:
+    std::deque<DataIO::Slice *> pieces_;
+    UInt64 offset_ = 0;
+};
+
+/// `bytes` in pieces of up to `longest` bytes, some of them empty.
+template <class Random>
+std::vector<Bytes> cutAtRandom(Bytes const & bytes, UInt64 longest, Random & random)
+{
+    std::vector<Bytes> pieces;
+    for (auto at = bytes.begin(); at != bytes.end();)
+    {
+        auto const size = std::min(static_cast<std::ptrdiff_t>(random() % (longest + 1)), bytes.end() - at);
+        pieces.emplace_back(at, at + size);
+        at += size;
+    }
+    return pieces;
+}
 
 inline Bytes bytesOf(DataIO::Slice const & slice)
 {

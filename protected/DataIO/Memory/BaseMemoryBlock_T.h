@@ -41,7 +41,7 @@ protected:
     BaseMemoryBlock_T(Factory & factory, UInt64 size) :
         factory_(&factory), referenceCount_(1), size_(size), data_(allocate(size))
     {
-        VANTRY_CHECK(data_ != 0, BadAlloc, "Error allocating memory for a BaseMemoryBlock_T");
+        VANTRY_CHECK_TEXT(data_ != nullptr, "data_ != 0", BadAlloc, "Error allocating memory for a BaseMemoryBlock_T");
     }
 
     ~BaseMemoryBlock_T() override { Platform::malloc_alloc::deallocate(data_, size_); }

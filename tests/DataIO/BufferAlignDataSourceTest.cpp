@@ -1,0 +1,135 @@
+#include "DataIO/BufferAlignDataSource.h"
+
+#include "Exceptions/InvalidValue.h"
+#include "support/Bytes.h"
+#include "support/Failure.h"
+
+#include <algorithm>
+#include <random>
+
+namespace Vantry { namespace Tests {
+
+using DataIO::BufferAlignDataSource;
+
+namespace {
+
+// Holds bytes and tells whether it was always read from aligned positions.
+class WatchedSource : public DataIO::RandomAccessDataSource
+{
+public:
+    WatchedSource(Bytes const & bytes, UInt64 alignment) : bytes_(bytes), alignment_(alignment) {}
+
+    bool aligned() const { return aligned_; }
+
+    UInt64 absoluteOffset() const override { return position_; }
+    bool endOfStream() const override { return remaining() == 0; }
+    UInt64 remaining() const override { return bytes_.size() - position_; }
+    void discard() override { seek(bytes_.size()); }
+
+    UInt64 read(unsigned char * destination, UInt64 howMuch) override
+    {
+        aligned_ = aligned_ && position_ % alignment_ == 0;
+        UInt64 const size = std::min(howMuch, remaining());
+        std::copy_n(bytes_.data() + position_, size, destination);
+        position_ += size;
+        return size;
+    }
+
+    UInt64 skip(UInt64 howMuch) override
+    {
+        UInt64 const before = position_;
+        return seek(position_ + std::min(howMuch, remaining())) - before;
+    }
+
+    UInt64 seek(UInt64 position) override { return position_ = std::min<UInt64>(position, bytes_.size()); }
+
+private:
+    Bytes bytes_;
+    UInt64 alignment_;
+    UInt64 position_ = 0;
+    bool aligned_ = true;
+};
+
+}
+
+TEST(BufferAlignDataSource, ReadsLikeItsSource)
+{
+    struct Case
+    {
+        unsigned int alignment, bufferSize;
+    };
+
+    std::mt19937 random(512);
+    auto upTo = [&](UInt64 most)
+    {
+        return random() % (most + 1);
+    };
+
+    for (Case const c : {Case{1, 0}, Case{1, 7}, Case{16, 15}, Case{16, 16}, Case{16, 64}, Case{10, 23}})
+    {
+        SCOPED_TRACE(testing::Message() << c.alignment << ", " << c.bufferSize);
+        for (int round = 0; round < 20; ++round)
+        {
+            Bytes const bytes = counting(upTo(300));
+            WatchedSource source(bytes, c.alignment);
+            BufferAlignDataSource reader(source, c.alignment, c.bufferSize);
+            UInt64 position = 0;
+
+            for (int step = 0; step < 200; ++step)
+            {
+                UInt64 const n = upTo(19) == 0 ? ~UInt64(0) : upTo(100);
+                UInt64 const most = std::min(n, bytes.size() - position);
+                switch (upTo(3))
+                {
+                case 0:
+                case 1:
+                {
+                    Bytes got(bytes.size() + 100);
+                    ASSERT_EQ(reader.read(got.data(), std::min<UInt64>(n, got.size())), most);
+                    ASSERT_TRUE(std::equal(got.begin(), got.begin() + most, bytes.begin() + position));
+                    position += most;
+                    break;
+                }
+                case 2:
+                    ASSERT_EQ(reader.skip(n), most);
+                    position += most;
+                    break;
+                default:
+                    position = std::min<UInt64>(upTo(2) == 0 ? n : position - std::min(n / 4, position), bytes.size());
+                    ASSERT_EQ(reader.seek(position == bytes.size() ? n | 512 : position), position);
+                }
+                ASSERT_EQ(reader.absoluteOffset(), position);
+                ASSERT_EQ(reader.remaining(), bytes.size() - position);
+                ASSERT_EQ(reader.endOfStream(), position == bytes.size());
+            }
+            reader.discard();
+            EXPECT_TRUE(reader.endOfStream());
+            EXPECT_TRUE(source.aligned() || c.bufferSize % c.alignment != 0);
+        }
+    }
+}
+
+TEST(BufferAlignDataSource, ChecksItsSizes)
+{
+    struct Case
+    {
+        unsigned int alignment, bufferSize;
+        char const * failure;
+    };
+
+    char const * const TOO_SMALL = "align_ - 1 <= bufferSize: Alignment size must be smaller than buffer size.";
+    Case const CASES[] = {
+        {0, 0, "align_ > 0: Alignment must be higher than zero"},
+        {0, 512, "align_ > 0: Alignment must be higher than zero"},
+        {2, 0, "align_ == 1: Alignment must be one if no buffer."},
+        {512, 510, TOO_SMALL},
+        {~0u, 510, TOO_SMALL},
+    };
+
+    WatchedSource source(counting(10), 1);
+    for (Case const & c : CASES)
+        EXPECT_FAILURE(InvalidValue, c.failure, BufferAlignDataSource(source, c.alignment, c.bufferSize));
+    EXPECT_EQ(BufferAlignDataSource(source, 512, 511).remaining(), 10u);
+}
+
+}}

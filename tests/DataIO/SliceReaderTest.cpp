@@ -1,0 +1,174 @@
+#include "DataIO/SliceReader.h"
+
+#include "DataIO/BufferSliceSource.h"
+#include "Exceptions/IOError.h"
+#include "Exceptions/NotEnoughData.h"
+#include "support/Failure.h"
+#include "support/Slices.h"
+
+#include <random>
+
+namespace Vantry { namespace Tests {
+
+using DataIO::Chain;
+using DataIO::Slice;
+using DataIO::SliceReader;
+using DataIO::SliceSource;
+using Templates::auto_ptr;
+using Templates::SharedPtr;
+
+namespace {
+
+char const * const NOT_ENOUGH_DATA = "Not enough data to read from the source";
+
+SharedPtr<SliceSource> pieces(CountingBlocks & blocks, std::vector<Bytes> const & bytes)
+{
+    return SharedPtr<SliceSource>(new PieceSource(blocks, bytes));
+}
+
+}
+
+// All operations in any order deliver the stream like one run of bytes.
+TEST(SliceReader, ReadsEachByteOnceInOrder)
+{
+    std::mt19937 random(336);
+    auto upTo = [&](UInt64 most)
+    {
+        return random() % (most + 1);
+    };
+    CountingBlocks blocks;
+
+    for (int round = 0; round < 300; ++round)
+    {
+        Bytes const stream = counting(upTo(400));
+        SliceReader reader(pieces(blocks, cutAtRandom(stream, 1 + upTo(50), random)));
+        UInt64 position = 0;
+        UInt64 ungotten = 0;
+
+        while (!reader.endOfStream())
+        {
+            UInt64 const n = upTo(60);
+            UInt64 const rest = stream.size() - position;
+            UInt64 const most = std::min(n, rest);
+            Chain got;
+            switch (upTo(6))
+            {
+            case 0:
+                got.push_back(reader.read(n));
+                ASSERT_EQ(got.data_size(), most);
+                break;
+            case 1:
+                reader.read(n, got);
+                ASSERT_EQ(got.data_size(), most);
+                break;
+            case 2:
+                got.push_back(reader.nextSlice(n));
+                ASSERT_LE(got.data_size(), most);
+                break;
+            case 3:
+            {
+                UInt64 const alignment = 1 + upTo(9);
+                got.push_back(reader.nextSliceAligned(n, alignment));
+                UInt64 const size = got.data_size();
+                ASSERT_TRUE(size == n || size % alignment == 0 || size == rest) << size << ' ' << n << ' ' << alignment;
+                break;
+            }
+            case 4:
+                if (n <= rest)
+                    got.push_back(reader.readAligned(n));
+                else
+                    EXPECT_FAILURE(NotEnoughData, NOT_ENOUGH_DATA, reader.readAligned(n));
+                break;
+            default:
+                ASSERT_EQ(reader.skip(n), most);
+                position += most;
+            }
+
+            UInt64 const size = got.data_size();
+            ASSERT_EQ(bytesOf(got), Bytes(stream.begin() + position, stream.begin() + position + size));
+            position += size;
+
+            // Not too often, or no end is ever met.
+            if (ungotten < 1000 && upTo(2) == 0)
+            {
+                ungotten += size;
+                position -= size;
+                if (got.slice_count() == 1 && upTo(1) == 0)
+                    reader.unget(got.erase(got.begin()));
+                else
+                    reader.unget(got);
+                ASSERT_TRUE(got.empty());
+            }
+            ASSERT_EQ(reader.absoluteOffset(), position);
+        }
+        EXPECT_EQ(position, stream.size());
+        EXPECT_EQ(reader.cachedSize(), 0u);
+    }
+    EXPECT_EQ(blocks.alive(), 0);
+}
+
+TEST(SliceReader, CopiesOnlyAcrossBlocks)
+{
+    CountingBlocks blocks;
+    SliceReader reader(pieces(blocks, {counting(4), counting(100, 4)}));
+
+    EXPECT_EQ(bytesOf(*reader.read(10)), counting(10));
+    EXPECT_EQ(blocks.made(), 3) << "a block for the joined bytes";
+
+    auto_ptr<Slice> const slice = reader.read(20);
+    auto_ptr<Slice> const next = reader.nextSlice(30);
+    EXPECT_EQ(next->begin(), slice->end());
+    reader.unget(auto_ptr<Slice>(new Slice(*next)));
+    reader.unget(auto_ptr<Slice>(new Slice(*slice)));
+    EXPECT_EQ(reader.cachedSize(), 50u);
+    EXPECT_EQ(reader.read(50)->begin(), slice->begin()) << "what was cut lies together still";
+    EXPECT_EQ(blocks.made(), 3);
+
+    // A claim that the stream can't fulfil costs no memory.
+    EXPECT_EQ(reader.read(UInt64(1) << 60)->size(), 44u);
+    EXPECT_EQ(reader.read(0)->size(), 0u);
+}
+
+TEST(SliceReader, AlignsWhatItGives)
+{
+    CountingBlocks blocks;
+    SliceReader reader(pieces(blocks, {counting(10), counting(3, 10), counting(9, 13), counting(1, 22)}));
+
+    EXPECT_EQ(reader.nextSliceAligned(7, 4)->size(), 7u) << "as much as was asked for";
+    EXPECT_EQ(reader.nextSliceAligned(100, 4)->size(), 4u) << "3 bytes are joined with the next";
+    EXPECT_EQ(reader.nextSliceAligned(100, 2)->size(), 2u);
+    EXPECT_EQ(reader.nextSliceAligned(100, 4)->size(), 8u) << "the ninth byte goes back";
+    EXPECT_EQ(reader.nextSliceAligned(100, 4)->size(), 2u) << "the stream ends";
+}
+
+TEST(SliceReader, LeavesWhatIsTooShort)
+{
+    CountingBlocks blocks;
+    SliceReader reader(pieces(blocks, {counting(4), counting(2, 4)}));
+
+    EXPECT_FAILURE(NotEnoughData, NOT_ENOUGH_DATA, reader.readAligned(10));
+    EXPECT_EQ(reader.absoluteOffset(), 0u);
+    EXPECT_EQ(bytesOf(*reader.read(6)), counting(6));
+    EXPECT_FAILURE(NotEnoughData, "!this -> eof (): Not enough data to read from the source", reader.readAligned(1));
+    EXPECT_EQ(reader.readAligned(0)->size(), 0u);
+}
+
+// Such a source mustn't be asked when it has ended.
+TEST(SliceReader, AsksNoSourceThatHasEnded)
+{
+    CountingBlocks blocks;
+    auto * const buffer = new DataIO::BufferSliceSource;
+    SliceReader reader{SharedPtr<SliceSource>(buffer)};
+    buffer->write(blocks.slice(counting(5)));
+    buffer->close();
+
+    EXPECT_EQ(bytesOf(*reader.read(9)), counting(5));
+    EXPECT_EQ(reader.read(9)->size(), 0u);
+    Chain chain;
+    reader.read(9, chain);
+    EXPECT_TRUE(chain.empty());
+    EXPECT_FAILURE(IOError, "!impl_ -> closed_: BufferSliceSource::read: Source closed and empty!",
+                   reader.nextSlice(9));
+}
+
+}}
