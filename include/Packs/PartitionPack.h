@@ -44,14 +44,14 @@ class VANTRY_EXPORT PartitionPack
 public:
     VANTRY_CLASS_ALLOCATION
 
-    enum PartitionKind
+    enum PartitionKind : int
     {
         HEADER_PARTITION = 2,
         BODY_PARTITION = 3,
         FOOTER_PARTITION = 4
     };
 
-    enum PartitionStatus
+    enum PartitionStatus : int
     {
         OPEN_INCOMPLETE = 1,
         CLOSED_INCOMPLETE = 2,
