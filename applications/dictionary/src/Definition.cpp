@@ -1,0 +1,203 @@
+#include "Schema/Definition.h"
+
+#include "Schema/SchemaError.h"
+#include "SchemaReader.h"
+
+#include <algorithm>
+#include <cstring>
+#include <fstream>
+#include <map>
+#include <sstream>
+#include <vector>
+
+namespace Vantry { namespace Schema {
+
+namespace {
+
+bool operator==(LabelBytes const & left, LabelBytes const & right)
+{
+    return std::memcmp(left.bytes, right.bytes, sizeof left.bytes) == 0;
+}
+
+struct LabelOrder
+{
+    bool operator()(LabelBytes const & left, LabelBytes const & right) const
+    {
+        return std::memcmp(left.bytes, right.bytes, sizeof left.bytes) < 0;
+    }
+};
+
+template <class T>
+Row<T> rowOf(std::vector<T> const & values)
+{
+    return {values.data(), values.size()};
+}
+
+// Puts an entry in the place of the one with its symbol or its label, or
+// behind all others.
+template <class Entry>
+void addOrReplace(std::vector<Entry> & entries, Entry entry)
+{
+    auto const place =
+        std::find_if(entries.begin(), entries.end(),
+                     [&](Entry const & other) { return other.symbol == entry.symbol || other.label == entry.label; });
+    if (place == entries.end())
+        entries.push_back(std::move(entry));
+    else
+        *place = std::move(entry);
+}
+
+template <class Entry>
+std::map<std::string, std::size_t> indexOf(std::vector<Entry> const & entries)
+{
+    std::map<std::string, std::size_t> index;
+    for (std::size_t i = 0; i < entries.size(); ++i)
+        index[entries[i].symbol] = i;
+    return index;
+}
+
+}
+
+class Definition::Impl
+{
+public:
+    void take(Tables const & tables)
+    {
+        for (ElementRow const & row : tables.elements)
+            elements_.push_back({row.symbol,
+                                 row.name,
+                                 row.label,
+                                 row.type,
+                                 row.subType,
+                                 row.minimum,
+                                 row.maximum,
+                                 row.tag,
+                                 {row.distinguished.begin(), row.distinguished.end()},
+                                 {},
+                                 {row.references.begin(), row.references.end()},
+                                 {}});
+        for (SetRow const & row : tables.sets)
+        {
+            sets_.push_back({row.symbol, row.name, row.key, {}, {}});
+            for (AttributeRow const & attribute : row.attributes)
+                sets_.back().attributes.push_back(
+                    {elements_[attribute.element].symbol, attribute.status, attribute.semantics});
+        }
+        for (NameRow const & row : tables.labels)
+            labels_[row.label] = row.name;
+    }
+
+    void take(SchemaFile file)
+    {
+        for (ElementEntry & element : file.elements)
+            addOrReplace(elements_, std::move(element));
+        for (SetEntry & set : file.sets)
+            addOrReplace(sets_, std::move(set));
+        for (auto & label : file.labels)
+            labels_[label.first] = std::move(label.second);
+    }
+
+    Tables tables()
+    {
+        makeElementRows();
+        makeSetRows();
+        nameRows_.clear();
+        for (auto const & label : labels_)
+            nameRows_.push_back({label.first, label.second.c_str()});
+        return {rowOf(elementRows_), rowOf(setRows_), rowOf(nameRows_)};
+    }
+
+private:
+    void makeElementRows()
+    {
+        auto const sets = indexOf(sets_);
+        elementRows_.clear();
+        for (ElementEntry & element : elements_)
+        {
+            resolveReferences(element, sets);
+            elementRows_.push_back({element.symbol.c_str(), element.name.c_str(), element.label, element.type,
+                                    element.subType, element.minimum, element.maximum, element.tag,
+                                    rowOf(element.distinguished), rowOf(element.references)});
+        }
+    }
+
+    // Sets may stand behind the elements that refer to them, in another file
+    // even, so names are resolved at the end.
+    void resolveReferences(ElementEntry & element, std::map<std::string, std::size_t> const & sets) const
+    {
+        for (std::string const & symbol : element.referencedSets)
+        {
+            auto const found = sets.find(symbol);
+            if (found == sets.end())
+                throw SchemaError(element.place + ", field 'references': there is no set '" + symbol + "'");
+            element.references.push_back(sets_[found->second].label);
+        }
+        element.referencedSets.clear();
+    }
+
+    void makeSetRows()
+    {
+        auto const elements = indexOf(elements_);
+        attributeRows_.clear();
+        attributeRows_.reserve(sets_.size());
+        setRows_.clear();
+        for (SetEntry const & set : sets_)
+        {
+            attributeRows_.push_back(attributesOf(set, elements));
+            setRows_.push_back({set.symbol.c_str(), set.name.c_str(), set.label, rowOf(attributeRows_.back())});
+        }
+    }
+
+    static std::vector<AttributeRow> attributesOf(SetEntry const & set,
+                                                  std::map<std::string, std::size_t> const & elements)
+    {
+        std::vector<AttributeRow> rows;
+        for (AttributeEntry const & attribute : set.attributes)
+        {
+            auto const found = elements.find(attribute.element);
+            if (found == elements.end())
+                throw SchemaError(set.place + ", field 'attributes': there is no element '" + attribute.element + "'");
+            rows.push_back({static_cast<UInt32>(found->second), attribute.status, attribute.semantics.c_str()});
+        }
+        return rows;
+    }
+
+    std::vector<ElementEntry> elements_;
+    std::vector<SetEntry> sets_;
+    std::map<LabelBytes, std::string, LabelOrder> labels_;
+
+    std::vector<ElementRow> elementRows_;
+    std::vector<std::vector<AttributeRow>> attributeRows_;
+    std::vector<SetRow> setRows_;
+    std::vector<NameRow> nameRows_;
+};
+
+Definition::Definition() : impl_(new Impl) {}
+
+Definition::Definition(Tables const & tables) : Definition()
+{
+    impl_->take(tables);
+}
+
+Definition::~Definition() = default;
+
+void Definition::addFile(std::string const & path)
+{
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream text;
+    if (!file || !(text << file.rdbuf()))
+        throw SchemaError(path + ": can't be read");
+    addText(text.str(), path);
+}
+
+void Definition::addText(std::string const & text, std::string const & source)
+{
+    impl_->take(readSchema(text, source));
+}
+
+Tables Definition::tables()
+{
+    return impl_->tables();
+}
+
+}}
