@@ -62,7 +62,7 @@ public:
 
     /// The sets in which the attribute has this value.
     virtual Templates::vector<MetadataSet *> find(Types::UniversalLabel const & label,
-                                                  Types::SimpleDataType const & value) = 0;
+                                                  Types::SimpleDataType const & value) const = 0;
 
     virtual PartitionDictionary & partitionDictionary() = 0;
     virtual PartitionDictionary const & partitionDictionary() const = 0;

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "Metadata/Listeners/CommitableListener.h"
+
+namespace Vantry { namespace Metadata { namespace Listeners {
+
+/// A commitable listener that hears nothing, for those that mean a few changes
+/// only; what a commit does is left to them.
+class VANTRY_EXPORT NullCommitableListener : public CommitableListener
+{
+public:
+    ~NullCommitableListener() override;
+
+    void metadataSetKey(KLV::Key &) override {}
+    void createdMetadataSet(MetadataSet *) override {}
+    void removedMetadataSet(MetadataSet *) override {}
+    void addedElement(MetadataSet &, MetaMetadata::MetaElement const *, Element &, Types::BaseType const &) override {}
+    void updatedElement(MetadataSet &, MetaMetadata::MetaElement const *, Element &, Types::SimpleDataType const &,
+                        Types::SimpleDataType const &) override
+    {
+    }
+    void updatedElement(MetadataSet &, MetaMetadata::MetaElement const *, Element &, Types::Collection const &,
+                        Types::Collection const &) override
+    {
+    }
+    void updatedElementCollection(MetadataSet &, MetaMetadata::MetaElement const *, Element &,
+                                  Types::Collection const &, unsigned int, Types::SimpleDataType const *) override
+    {
+    }
+    void removedElement(MetadataSet &, MetaMetadata::MetaElement const *, Element &, Types::BaseType const &) override
+    {
+    }
+};
+
+}}}
