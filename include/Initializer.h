@@ -29,10 +29,12 @@ public:
     /// The instance, made on first use. Any thread may call it.
     static Initializer & instance();
 
-    /// Takes all singletons down, the last registered library first, and the
-    /// instance with them. A second call does nothing; `instance` afterwards
-    /// starts anew. What a teardown throws goes on to the caller, and what is
-    /// left waits for the next call.
+    /// Takes the DataIO::Memory::MemoryBlockFactory down, then all registered
+    /// singletons, those of the last registered library first, and then the
+    /// instance. What holds on to one of them must not use it any more. A
+    /// second call does nothing; `instance` afterwards starts anew. What a
+    /// teardown throws goes on to the caller, and what is left waits for the
+    /// next call.
     static void shutdown();
 
     /// Guards the creation of every singleton and the generators of

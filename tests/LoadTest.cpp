@@ -34,6 +34,12 @@ TEST(Load, UnloadingTakesTheSingletonsDown)
             symbol<RegisterSingleton>(library, "_ZN6Vantry11Initializer17registerSingletonEPFvvEi");
         ASSERT_TRUE(instance != nullptr && registerSingleton != nullptr);
 
+        // Nobody else knows the factory once the library is gone: a leak
+        // sanitizer tells if it was left behind.
+        auto const blockFactory = symbol<Instance>(library, "_ZN6Vantry6DataIO6Memory18MemoryBlockFactory8instanceEv");
+        ASSERT_NE(blockFactory, nullptr);
+        ASSERT_NE(blockFactory(), nullptr);
+
         registerSingleton(instance(), takeDown, 0);
         EXPECT_EQ(teardowns, round - 1);
         ::dlclose(library);

@@ -21,6 +21,9 @@ namespace KLV {
 /// position it has. A fill item is a packet like any other. After a failure
 /// the source stands where the search or the reading stopped.
 ///
+/// A search reads the source byte by byte, so small reads of it should be
+/// cheap: a file wants a buffer.
+///
 /// Each thread has a peeked key of its own, but the source has one position:
 /// two threads must not read it at once.
 class VANTRY_EXPORT Reader

@@ -22,6 +22,7 @@ public:
     /// \param bufferSize  bytes to collect; 0 for none, below 0 for a size
     ///                    that suits most uses
     /// \throws Exceptions::IOError when the file can't be opened.
+    /// \throws Exceptions::InvalidValue when the system refuses the buffer.
     FileDataSink(unsigned short const * name, bool append, int bufferSize);
     FileDataSink(FileDataSink const &) = delete;
     FileDataSink & operator=(FileDataSink const &) = delete;

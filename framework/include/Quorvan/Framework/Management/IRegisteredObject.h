@@ -8,7 +8,7 @@ namespace Quorvan { namespace Framework { namespace Management {
 class QUORVAN_EXPORT IRegisteredObject
 {
 public:
-    virtual ~IRegisteredObject();
+    virtual ~IRegisteredObject() = 0;
 };
 
 }}}
