@@ -32,7 +32,7 @@ public:
     VANTRY_CLASS_ALLOCATION
 
     /// What a peek takes for a key.
-    enum PEEK_KIND
+    enum PEEK_KIND : int
     {
         /// Whatever starts with the bytes of a SMPTE key, 06 0E 2B 34.
         PEEK_SMPTE_KEY = 0,

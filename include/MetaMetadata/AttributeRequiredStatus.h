@@ -12,7 +12,7 @@ class VANTRY_EXPORT AttributeRequiredStatus
 public:
     VANTRY_CLASS_ALLOCATION
 
-    enum Status
+    enum Status : int
     {
         Req = 0,     ///< "Req": always there
         EReq = 1,    ///< "E/req": the encoder must write it, a file is open without

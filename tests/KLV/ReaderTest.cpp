@@ -134,8 +134,11 @@ TEST(Reader, LooksAtTheCategoryOfAPacketKey)
         reader.peekNextKey(skipped, 16);
         EXPECT_EQ(skipped, otherKey[4] < 4 || otherKey[4] == 5 ? 0u : 16u) << int(otherKey[4]);
 
-        source.seek(0);
-        reader.peekNextKey(skipped, KLV::Reader::PEEK_SMPTE_KEY, 0);
+        for (auto kind : {KLV::Reader::PEEK_SMPTE_KEY, static_cast<KLV::Reader::PEEK_KIND>(7)})
+        {
+            source.seek(0);
+            EXPECT_EQ(bytesOf(reader.peekNextKey(skipped, kind, 0)), otherKey) << "any kind but one takes it";
+        }
     }
 }
 
