@@ -235,30 +235,19 @@ TEST(SliceList, LinksSlicesThatItDoesNotOwn)
     CountingBlocks blocks;
     auto_ptr<Slice> const one = blocks.slice(counting(1));
     auto_ptr<Slice> const two = blocks.slice(counting(2));
-    auto_ptr<Slice> const three = blocks.slice(counting(3));
 
     DataIO::SliceList list, other;
-    list.push_back(three.get());
-    list.push_front(one.get());
-    EXPECT_EQ(list.insert(++list.begin(), two.get()).slice(), two.get());
-    EXPECT_EQ(list.size(), 3u);
-
+    list.push_back(two.get());
+    EXPECT_EQ(list.insert(list.begin(), one.get()).slice(), one.get());
     EXPECT_EQ(list.erase(list.begin()).slice(), two.get());
     EXPECT_EQ(one->next(), two.get()) << "an erased slice keeps its links";
 
-    list.move(list.end(), other);
-    EXPECT_EQ(list.size(), 2u);
     other.push_back(one.get());
-    other.move(other.begin(), list);
-    EXPECT_TRUE(list.empty());
-    std::vector<Slice *> order;
-    for (Slice & slice : other)
-        order.push_back(&slice);
-    EXPECT_EQ(order, (std::vector<Slice *>{two.get(), three.get(), one.get()}));
-
-    other.clear();
+    list.move(list.end(), other);
+    list.move(list.end(), other);
     EXPECT_TRUE(other.empty());
-    EXPECT_EQ(blocks.alive(), 3);
+    EXPECT_EQ(list.size(), 2u);
+    EXPECT_EQ(list.previous(), one.get());
 }
 
 }}

@@ -55,11 +55,12 @@ TEST(SliceAllocator, LosesNoCellWhenThreadsEnd)
         Chain chain;
         std::thread([&] { fill(chain, slice, MANY); }).join();
         note(chain, cells);
-        std::thread([&] { chain.clear(); }).join();
+        if (round % 2 == 0)
+            std::thread([&] { chain.clear(); }).join();
     }
 
     // Cells that other tests left behind may have come first.
-    EXPECT_LE(cells.size(), 4 * MANY) << "made on one thread, dropped on the next";
+    EXPECT_LE(cells.size(), 4 * MANY) << "dropped on another thread than made";
 }
 
 TEST(SliceAllocator, ServesObjectsThatEndWithTheirThread)

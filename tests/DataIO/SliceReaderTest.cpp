@@ -6,8 +6,6 @@
 #include "support/Failure.h"
 #include "support/Slices.h"
 
-#include <random>
-
 namespace Vantry { namespace Tests {
 
 using DataIO::Chain;
@@ -26,85 +24,6 @@ SharedPtr<SliceSource> pieces(CountingBlocks & blocks, std::vector<Bytes> const 
     return SharedPtr<SliceSource>(new PieceSource(blocks, bytes));
 }
 
-}
-
-// All operations in any order deliver the stream like one run of bytes.
-TEST(SliceReader, ReadsEachByteOnceInOrder)
-{
-    std::mt19937 random(336);
-    auto upTo = [&](UInt64 most)
-    {
-        return random() % (most + 1);
-    };
-    CountingBlocks blocks;
-
-    for (int round = 0; round < 300; ++round)
-    {
-        Bytes const stream = counting(upTo(400));
-        SliceReader reader(pieces(blocks, cutAtRandom(stream, 1 + upTo(50), random)));
-        UInt64 position = 0;
-        UInt64 ungotten = 0;
-
-        while (!reader.endOfStream())
-        {
-            UInt64 const n = upTo(60);
-            UInt64 const rest = stream.size() - position;
-            UInt64 const most = std::min(n, rest);
-            Chain got;
-            switch (upTo(6))
-            {
-            case 0:
-                got.push_back(reader.read(n));
-                ASSERT_EQ(got.data_size(), most);
-                break;
-            case 1:
-                reader.read(n, got);
-                ASSERT_EQ(got.data_size(), most);
-                break;
-            case 2:
-                got.push_back(reader.nextSlice(n));
-                ASSERT_LE(got.data_size(), most);
-                break;
-            case 3:
-            {
-                UInt64 const alignment = 1 + upTo(9);
-                got.push_back(reader.nextSliceAligned(n, alignment));
-                UInt64 const size = got.data_size();
-                ASSERT_TRUE(size == n || size % alignment == 0 || size == rest) << size << ' ' << n << ' ' << alignment;
-                break;
-            }
-            case 4:
-                if (n <= rest)
-                    got.push_back(reader.readAligned(n));
-                else
-                    EXPECT_FAILURE(NotEnoughData, NOT_ENOUGH_DATA, reader.readAligned(n));
-                break;
-            default:
-                ASSERT_EQ(reader.skip(n), most);
-                position += most;
-            }
-
-            UInt64 const size = got.data_size();
-            ASSERT_EQ(bytesOf(got), Bytes(stream.begin() + position, stream.begin() + position + size));
-            position += size;
-
-            // Not too often, or no end is ever met.
-            if (ungotten < 1000 && upTo(2) == 0)
-            {
-                ungotten += size;
-                position -= size;
-                if (got.slice_count() == 1 && upTo(1) == 0)
-                    reader.unget(got.erase(got.begin()));
-                else
-                    reader.unget(got);
-                ASSERT_TRUE(got.empty());
-            }
-            ASSERT_EQ(reader.absoluteOffset(), position);
-        }
-        EXPECT_EQ(position, stream.size());
-        EXPECT_EQ(reader.cachedSize(), 0u);
-    }
-    EXPECT_EQ(blocks.alive(), 0);
 }
 
 TEST(SliceReader, CopiesOnlyAcrossBlocks)
