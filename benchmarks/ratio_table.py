@@ -32,6 +32,13 @@ def time_of_base(runs, base, name):
     sys.exit(f"{name} names {base}, which did not run")
 
 
+def text_of(time):
+    for unit in ("s", "ms", "us"):
+        if time >= NANOSECONDS[unit]:
+            return f"{time / NANOSECONDS[unit]:.2f} {unit}"
+    return f"{time:.2f} ns"
+
+
 def row(runs, name):
     time, label = runs[name]
     if wanted := re.fullmatch(r"at most ([\d.]+) times (\S+)", label):
@@ -41,8 +48,8 @@ def row(runs, name):
         figure = time_of_base(runs, wanted[2], name) / time
         return f"{figure:.2f} of the speed", figure >= float(wanted[1])
     if wanted := re.fullmatch(r"at most ([\d.]+) ns", label):
-        return f"{time:.1f} ns", time <= float(wanted[1])
-    return f"{time:.1f} ns", True
+        return text_of(time), time <= float(wanted[1])
+    return text_of(time), True
 
 
 def main(results):
