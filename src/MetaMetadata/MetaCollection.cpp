@@ -24,12 +24,7 @@ MetaCollection::MetaCollection(Types::UniversalLabel const & label, CollectionSi
                     typeMessage("Tried to create a MetaCollection with dataSubType: ", dataSubType));
 }
 
-MetaCollection & MetaCollection::operator=(MetaCollection const & other)
-{
-    MetaCollectionElement::operator=(other);
-    MetaValueHolder::operator=(other);
-    return *this;
-}
+MetaCollection & MetaCollection::operator=(MetaCollection const & other) = default;
 
 void MetaCollection::accept(Visitors::NonConstMetaElementVisitor & visitor)
 {

@@ -25,12 +25,6 @@ MetaCollectionElement::MetaCollectionElement(Types::UniversalLabel const & label
 
 MetaCollectionElement::~MetaCollectionElement() = default;
 
-MetaCollectionElement & MetaCollectionElement::operator=(MetaCollectionElement const & other)
-{
-    MetaElement::operator=(other);
-    dataSubType_ = other.dataSubType_;
-    limits_ = other.limits_;
-    return *this;
-}
+MetaCollectionElement & MetaCollectionElement::operator=(MetaCollectionElement const & other) = default;
 
 }}

@@ -41,13 +41,7 @@ MetaElement::MetaElement(Types::UniversalLabel const & label, Types::Identifiers
 
 MetaElement::~MetaElement() = default;
 
-MetaElement & MetaElement::operator=(MetaElement const & other)
-{
-    PropertyMap::operator=(other);
-    universalLabel_ = other.universalLabel_;
-    dataType_ = other.dataType_;
-    return *this;
-}
+MetaElement & MetaElement::operator=(MetaElement const & other) = default;
 
 bool operator==(MetaElement const & left, MetaElement const & right)
 {

@@ -20,12 +20,7 @@ MetaReferenceCollection::MetaReferenceCollection(Types::UniversalLabel const & l
                     typeMessage("Tried to create a MetaReferenceCollection with dataType: ", dataSubType));
 }
 
-MetaReferenceCollection & MetaReferenceCollection::operator=(MetaReferenceCollection const & other)
-{
-    MetaCollectionElement::operator=(other);
-    MetaReferenceHolder::operator=(other);
-    return *this;
-}
+MetaReferenceCollection & MetaReferenceCollection::operator=(MetaReferenceCollection const & other) = default;
 
 void MetaReferenceCollection::accept(Visitors::NonConstMetaElementVisitor & visitor)
 {

@@ -17,12 +17,7 @@ MetaReferenceElement::MetaReferenceElement(Types::UniversalLabel const & label, 
                     typeMessage("Tried to create a MetaReferenceElement with dataType: ", dataType));
 }
 
-MetaReferenceElement & MetaReferenceElement::operator=(MetaReferenceElement const & other)
-{
-    MetaElement::operator=(other);
-    MetaReferenceHolder::operator=(other);
-    return *this;
-}
+MetaReferenceElement & MetaReferenceElement::operator=(MetaReferenceElement const & other) = default;
 
 void MetaReferenceElement::accept(Visitors::NonConstMetaElementVisitor & visitor)
 {

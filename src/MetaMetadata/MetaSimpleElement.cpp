@@ -21,12 +21,7 @@ MetaSimpleElement::MetaSimpleElement(Types::UniversalLabel const & label, Enumer
         VANTRY_FAIL(InvalidMetaElement, typeMessage("Tried to create a MetaSimpleElement with dataType: ", dataType));
 }
 
-MetaSimpleElement & MetaSimpleElement::operator=(MetaSimpleElement const & other)
-{
-    MetaElement::operator=(other);
-    MetaValueHolder::operator=(other);
-    return *this;
-}
+MetaSimpleElement & MetaSimpleElement::operator=(MetaSimpleElement const & other) = default;
 
 void MetaSimpleElement::accept(Visitors::NonConstMetaElementVisitor & visitor)
 {

@@ -87,7 +87,7 @@ public:
     {
         while (nextDynamicTag != 0)
         {
-            Types::LocalTag const candidate = tagOf(nextDynamicTag++);
+            Types::LocalTag candidate = tagOf(nextDynamicTag++);
             if (constPrimer().find(candidate) == nullptr && constDictionary().find(candidate) == nullptr &&
                 reserved.count(candidate) == 0)
                 return candidate;
