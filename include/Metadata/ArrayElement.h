@@ -1,11 +1,12 @@
 #pragma once
 
 #include "Metadata/CollectionElement.h"
+#include "Metadata/ConcreteElement.h"
 
 namespace Vantry { namespace Metadata {
 
 /// An attribute with a row of plain values whose order counts.
-class VANTRY_EXPORT ArrayElement : public CollectionElement
+class VANTRY_EXPORT ArrayElement : public ConcreteElement<ArrayElement, CollectionElement>
 {
 public:
     /// \param value      the collection, a Types::Array, which is told to the
@@ -16,10 +17,6 @@ public:
                  Templates::SharedPtr<MetaMetadata::AbstractMetaAttribute const> attribute, MetadataSet & set);
     ~ArrayElement() override;
 
-    void accept(Visitors::NonConstElementVisitor & visitor) override;
-    void accept(Visitors::ElementVisitor & visitor) const override;
-    Templates::auto_ptr<Element> clone(MetadataSet & set) override;
-
     /// Puts an item before the one at `index`, which may be `size()`.
     ///
     /// \throws Exceptions::InvalidChange, Exceptions::InvalidElement as
@@ -27,5 +24,7 @@ public:
     /// \throws Exceptions::IndexOutOfBounds when `index` is beyond `size()`.
     void insertAt(unsigned int index, Templates::auto_ptr<Types::SimpleDataType> item);
 };
+
+extern template class ConcreteElement<ArrayElement, CollectionElement>;
 
 }}

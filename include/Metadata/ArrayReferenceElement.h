@@ -1,11 +1,12 @@
 #pragma once
 
 #include "Metadata/CollectionReferenceElement.h"
+#include "Metadata/ConcreteElement.h"
 
 namespace Vantry { namespace Metadata {
 
 /// An attribute that refers to sets whose order counts.
-class VANTRY_EXPORT ArrayReferenceElement : public CollectionReferenceElement
+class VANTRY_EXPORT ArrayReferenceElement : public ConcreteElement<ArrayReferenceElement, CollectionReferenceElement>
 {
 public:
     /// \param value      the collection, a Types::Array, which is told to the
@@ -15,10 +16,6 @@ public:
     ArrayReferenceElement(Templates::auto_ptr<Types::Collection> value,
                           Templates::SharedPtr<MetaMetadata::AbstractMetaAttribute const> attribute, MetadataSet & set);
     ~ArrayReferenceElement() override;
-
-    void accept(Visitors::NonConstElementVisitor & visitor) override;
-    void accept(Visitors::ElementVisitor & visitor) const override;
-    Templates::auto_ptr<Element> clone(MetadataSet & set) override;
 
     /// Puts a reference to a set before the one at `index`, which may be
     /// `size()`.
@@ -33,5 +30,7 @@ public:
     ///         and what `appendUnverifiedReference` throws.
     void insertUnverifiedReferenceAt(unsigned int index, Templates::auto_ptr<Types::Reference> reference);
 };
+
+extern template class ConcreteElement<ArrayReferenceElement, CollectionReferenceElement>;
 
 }}

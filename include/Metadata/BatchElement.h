@@ -1,11 +1,12 @@
 #pragma once
 
 #include "Metadata/CollectionElement.h"
+#include "Metadata/ConcreteElement.h"
 
 namespace Vantry { namespace Metadata {
 
 /// An attribute with plain values in no order.
-class VANTRY_EXPORT BatchElement : public CollectionElement
+class VANTRY_EXPORT BatchElement : public ConcreteElement<BatchElement, CollectionElement>
 {
 public:
     /// \param value      the collection, a Types::Batch, which is told to the
@@ -15,10 +16,8 @@ public:
     BatchElement(Templates::auto_ptr<Types::Collection> value,
                  Templates::SharedPtr<MetaMetadata::AbstractMetaAttribute const> attribute, MetadataSet & set);
     ~BatchElement() override;
-
-    void accept(Visitors::NonConstElementVisitor & visitor) override;
-    void accept(Visitors::ElementVisitor & visitor) const override;
-    Templates::auto_ptr<Element> clone(MetadataSet & set) override;
 };
+
+extern template class ConcreteElement<BatchElement, CollectionElement>;
 
 }}

@@ -1,11 +1,12 @@
 #pragma once
 
 #include "Metadata/CollectionReferenceElement.h"
+#include "Metadata/ConcreteElement.h"
 
 namespace Vantry { namespace Metadata {
 
 /// An attribute that refers to sets in no order.
-class VANTRY_EXPORT BatchReferenceElement : public CollectionReferenceElement
+class VANTRY_EXPORT BatchReferenceElement : public ConcreteElement<BatchReferenceElement, CollectionReferenceElement>
 {
 public:
     /// \param value      the collection, a Types::Batch, which is told to the
@@ -15,10 +16,8 @@ public:
     BatchReferenceElement(Templates::auto_ptr<Types::Collection> value,
                           Templates::SharedPtr<MetaMetadata::AbstractMetaAttribute const> attribute, MetadataSet & set);
     ~BatchReferenceElement() override;
-
-    void accept(Visitors::NonConstElementVisitor & visitor) override;
-    void accept(Visitors::ElementVisitor & visitor) const override;
-    Templates::auto_ptr<Element> clone(MetadataSet & set) override;
 };
+
+extern template class ConcreteElement<BatchReferenceElement, CollectionReferenceElement>;
 
 }}

@@ -1,18 +1,14 @@
 #pragma once
 
 #include "Metadata/Element.h"
+#include "Metadata/ValueHolder.h"
+#include "Types/Collection.h"
 #include "Types/Identifiers.h"
 
-namespace Vantry {
-namespace Types {
-class Collection;
-class SimpleDataType;
-}
-
-namespace Metadata {
+namespace Vantry { namespace Metadata {
 
 /// An attribute with a row of plain values: an ArrayElement or a BatchElement.
-class VANTRY_EXPORT CollectionElement : public Element
+class VANTRY_EXPORT CollectionElement : public Element, private ValueHolder
 {
 public:
     ~CollectionElement() override;
@@ -58,8 +54,13 @@ public:
 
 protected:
     /// \param kind  Array or Batch
-    CollectionElement(Types::Identifiers::Identifier kind, Templates::auto_ptr<Types::Collection> value,
+    CollectionElement(Types::Identifiers::Identifier kind,
                       Templates::SharedPtr<MetaMetadata::AbstractMetaAttribute const> attribute, MetadataSet & set);
+
+    /// Tells the owner of the change and makes it, without a look at what the
+    /// schema allows. Constructors of derived classes give their value so,
+    /// because listeners look at the whole element.
+    void replace(Templates::auto_ptr<Types::Collection> collection);
 
     /// Puts an item before the one at `index`, which may be `size()`.
     ///
@@ -75,5 +76,4 @@ private:
     Templates::auto_ptr<Types::Collection> value_;
 };
 
-}
-}
+}}

@@ -2,16 +2,11 @@
 
 #include "Metadata/Element.h"
 #include "Metadata/ReferenceHolder.h"
+#include "Types/Collection.h"
 #include "Types/Identifiers.h"
+#include "Types/Reference.h"
 
-namespace Vantry {
-namespace Types {
-class Collection;
-class Reference;
-class SimpleDataType;
-}
-
-namespace Metadata {
+namespace Vantry { namespace Metadata {
 
 /// An attribute that refers to any number of sets: an ArrayReferenceElement or
 /// a BatchReferenceElement.
@@ -73,9 +68,14 @@ public:
 
 protected:
     /// \param kind  Array or Batch
-    CollectionReferenceElement(Types::Identifiers::Identifier kind, Templates::auto_ptr<Types::Collection> value,
+    CollectionReferenceElement(Types::Identifiers::Identifier kind,
                                Templates::SharedPtr<MetaMetadata::AbstractMetaAttribute const> attribute,
                                MetadataSet & set);
+
+    /// Tells the owner of the change and makes it, without a look at what the
+    /// schema allows. Constructors of derived classes give their value so,
+    /// because listeners look at the whole element.
+    void replace(Templates::auto_ptr<Types::Collection> collection);
 
     /// Put a reference before the one at `index`, which may be `size()`.
     ///
@@ -86,10 +86,11 @@ protected:
 
 private:
     void serializeValue(DataIO::DataSink & sink) const override;
+    Templates::auto_ptr<Types::Reference> referenceTo(MetadataSet const * target) const;
+    void checkReference(Types::Reference const * reference) const;
 
     Types::Identifiers::Identifier const kind_;
     Templates::auto_ptr<Types::Collection> value_;
 };
 
-}
-}
+}}

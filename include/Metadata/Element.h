@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MetaMetadata/AbstractMetaAttribute.h"
 #include "Platform/Allocation.h"
 #include "Platform/Export.h"
 #include "Platform/Integers.h"
@@ -15,7 +16,6 @@ namespace KLV {
 class Value;
 }
 namespace MetaMetadata {
-class AbstractMetaAttribute;
 class MetaAttribute;
 class MetaElement;
 }

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "MetaMetadata/AbstractMetaAttribute.h"
 #include "Platform/Export.h"
 #include "Templates/SharedPtr.h"
 
 namespace Vantry {
 namespace MetaMetadata {
-class AbstractMetaAttribute;
 class MetaAttribute;
 class MetaElement;
 }

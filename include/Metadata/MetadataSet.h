@@ -1,6 +1,7 @@
 #pragma once
 
 #include "KLV/Key.h"
+#include "MetaMetadata/AbstractMetaAttribute.h"
 #include "Platform/Allocation.h"
 #include "Platform/Export.h"
 #include "Platform/Integers.h"
@@ -16,7 +17,6 @@ namespace KLV {
 class Packet;
 }
 namespace MetaMetadata {
-class AbstractMetaAttribute;
 class MetaMetadataSet;
 }
 namespace Types {
@@ -197,6 +197,7 @@ public:
 private:
     class Impl;
     friend class SetCloner;
+    friend class SetLoader;
 
     Impl * impl_;
 };

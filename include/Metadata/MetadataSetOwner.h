@@ -54,7 +54,7 @@ public:
     virtual void removedElement(MetadataSet & set, MetaMetadata::MetaElement const * metaElement, Element & element,
                                 Types::BaseType const & oldValue) = 0;
 
-    /// Takes `to` over: a new set for this owner that is to become a copy of
+    /// Takes `to` over, also when it throws: a new set for this owner that is to become a copy of
     /// `from`, still without values.
     ///
     /// \param deep  whether the sets that `from` owns are copied too

@@ -1,18 +1,13 @@
 #pragma once
 
-#include "Metadata/Element.h"
+#include "Metadata/ConcreteElement.h"
 #include "Metadata/ReferenceHolder.h"
+#include "Types/Reference.h"
 
-namespace Vantry {
-namespace Types {
-class Reference;
-class SimpleDataType;
-}
-
-namespace Metadata {
+namespace Vantry { namespace Metadata {
 
 /// An attribute that refers to one set.
-class VANTRY_EXPORT ReferenceElement : public Element, private ReferenceHolder
+class VANTRY_EXPORT ReferenceElement : public ConcreteElement<ReferenceElement, Element>, private ReferenceHolder
 {
 public:
     /// \param value      the reference, which is told to the owner of the set
@@ -26,9 +21,6 @@ public:
     void load(KLV::Value & value) override;
     bool empty() const override;
     UInt64 totalLength() const override;
-    void accept(Visitors::NonConstElementVisitor & visitor) override;
-    void accept(Visitors::ElementVisitor & visitor) const override;
-    Templates::auto_ptr<Element> clone(MetadataSet & set) override;
 
     /// The reference; null when there is none.
     Types::Reference const * value() const noexcept { return value_.get(); }
@@ -54,9 +46,11 @@ public:
 
 private:
     void serializeValue(DataIO::DataSink & sink) const override;
+    void replace(Templates::auto_ptr<Types::Reference> value);
 
     Templates::auto_ptr<Types::Reference> value_;
 };
 
-}
-}
+extern template class ConcreteElement<ReferenceElement, Element>;
+
+}}

@@ -1,17 +1,13 @@
 #pragma once
 
-#include "Metadata/Element.h"
+#include "Metadata/ConcreteElement.h"
 #include "Metadata/ValueHolder.h"
+#include "Types/SimpleDataType.h"
 
-namespace Vantry {
-namespace Types {
-class SimpleDataType;
-}
-
-namespace Metadata {
+namespace Vantry { namespace Metadata {
 
 /// An attribute with one plain value.
-class VANTRY_EXPORT SimpleElement : public Element, private ValueHolder
+class VANTRY_EXPORT SimpleElement : public ConcreteElement<SimpleElement, Element>, private ValueHolder
 {
 public:
     /// \param value      the value, which is told to the owner of the set as
@@ -25,9 +21,6 @@ public:
     void load(KLV::Value & value) override;
     bool empty() const override;
     UInt64 totalLength() const override;
-    void accept(Visitors::NonConstElementVisitor & visitor) override;
-    void accept(Visitors::ElementVisitor & visitor) const override;
-    Templates::auto_ptr<Element> clone(MetadataSet & set) override;
 
     /// The value; null when there is none.
     Types::SimpleDataType const * value() const noexcept { return value_.get(); }
@@ -41,9 +34,11 @@ public:
 
 private:
     void serializeValue(DataIO::DataSink & sink) const override;
+    void replace(Templates::auto_ptr<Types::SimpleDataType> value);
 
     Templates::auto_ptr<Types::SimpleDataType> value_;
 };
 
-}
-}
+extern template class ConcreteElement<SimpleElement, Element>;
+
+}}

@@ -1,0 +1,23 @@
+#include "Metadata/BatchReferenceElement.h"
+
+#include "Metadata/OwnerCalls.h"
+#include "Types/Collection.h"
+
+#include <utility>
+
+namespace Vantry { namespace Metadata {
+
+BatchReferenceElement::BatchReferenceElement(Templates::auto_ptr<Types::Collection> value,
+                                             Templates::SharedPtr<MetaMetadata::AbstractMetaAttribute const> attribute,
+                                             MetadataSet & set) :
+    ConcreteElement(Types::Identifiers::Batch, std::move(attribute), set)
+{
+    replace(std::move(value));
+}
+
+BatchReferenceElement::~BatchReferenceElement()
+{
+    OwnerCalls::removedWithElement(*this, value());
+}
+
+}}

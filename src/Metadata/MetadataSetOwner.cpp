@@ -1,0 +1,7 @@
+#include "Metadata/MetadataSetOwner.h"
+
+namespace Vantry { namespace Metadata {
+
+MetadataSetOwner::~MetadataSetOwner() = default;
+
+}}

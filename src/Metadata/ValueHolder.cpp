@@ -1,0 +1,7 @@
+#include "Metadata/ValueHolder.h"
+
+namespace Vantry { namespace Metadata {
+
+void ValueHolder::checkIfValueIsInEnumeration(Types::SimpleDataType const &) const {}
+
+}}

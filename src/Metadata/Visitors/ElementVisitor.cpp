@@ -1,0 +1,7 @@
+#include "Metadata/Visitors/ElementVisitor.h"
+
+namespace Vantry { namespace Metadata { namespace Visitors {
+
+ElementVisitor::~ElementVisitor() = default;
+
+}}}

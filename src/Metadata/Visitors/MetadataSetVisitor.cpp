@@ -1,0 +1,7 @@
+#include "Metadata/Visitors/MetadataSetVisitor.h"
+
+namespace Vantry { namespace Metadata { namespace Visitors {
+
+MetadataSetVisitor::~MetadataSetVisitor() = default;
+
+}}}

@@ -1,0 +1,7 @@
+#include "Metadata/Visitors/NonConstMetadataSetVisitor.h"
+
+namespace Vantry { namespace Metadata { namespace Visitors {
+
+NonConstMetadataSetVisitor::~NonConstMetadataSetVisitor() = default;
+
+}}}

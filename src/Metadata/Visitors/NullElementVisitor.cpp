@@ -1,0 +1,7 @@
+#include "Metadata/Visitors/NullElementVisitor.h"
+
+namespace Vantry { namespace Metadata { namespace Visitors {
+
+NullElementVisitor::~NullElementVisitor() = default;
+
+}}}

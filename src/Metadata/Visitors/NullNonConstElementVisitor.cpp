@@ -1,0 +1,7 @@
+#include "Metadata/Visitors/NullNonConstElementVisitor.h"
+
+namespace Vantry { namespace Metadata { namespace Visitors {
+
+NullNonConstElementVisitor::~NullNonConstElementVisitor() = default;
+
+}}}
