@@ -1,13 +1,11 @@
 #include "Metadata/MetadataKeys.h"
 
+#include "Metadata/ConstantTable.h"
+
 namespace Vantry { namespace Metadata { namespace MetadataKeys {
 
-KLV::Key const & preface() noexcept
-{
-    static constexpr unsigned char BYTES[] = {0x06, 0x0E, 0x2B, 0x34, 0x02, 0x53, 0x01, 0x01,
-                                              0x0D, 0x01, 0x01, 0x01, 0x01, 0x01, 0x2F, 0x00};
-    static constexpr KLV::Key KEY(BYTES);
-    return KEY;
-}
+#define VANTRY_METADATA_KEYS(ROW) ROW(preface, "06 0E 2B 34 02 53 01 01 0D 01 01 01 01 01 2F 00")
+
+VANTRY_CONSTANT_TABLE(KLV::Key, VANTRY_METADATA_KEYS)
 
 }}}

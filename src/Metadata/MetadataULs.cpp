@@ -1,73 +1,18 @@
 #include "Metadata/MetadataULs.h"
 
+#include "Metadata/ConstantTable.h"
+
 namespace Vantry { namespace Metadata { namespace MetadataULs {
 
-namespace {
+#define VANTRY_METADATA_ULS(ROW)                                              \
+    ROW(null, "00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00")              \
+    ROW(instanceUID, "06 0E 2B 34 01 01 01 01 01 01 15 02 00 00 00 00")       \
+    ROW(thisGenerationUID, "06 0E 2B 34 01 01 01 02 05 20 07 01 01 00 00 00") \
+    ROW(trackID, "06 0E 2B 34 01 01 01 02 01 07 01 01 00 00 00 00")           \
+    ROW(packageUID, "06 0E 2B 34 01 01 01 01 01 01 15 10 00 00 00 00")        \
+    ROW(linkedPackageUID, "06 0E 2B 34 01 01 01 02 06 01 01 06 01 00 00 00")  \
+    ROW(packages, "06 0E 2B 34 01 01 01 02 06 01 01 04 05 01 00 00")
 
-constexpr unsigned char NULL_BYTES[16] = {};
-
-constexpr unsigned char INSTANCE_UID_BYTES[] = {0x06, 0x0E, 0x2B, 0x34, 0x01, 0x01, 0x01, 0x01,
-                                                0x01, 0x01, 0x15, 0x02, 0x00, 0x00, 0x00, 0x00};
-
-constexpr unsigned char THIS_GENERATION_UID_BYTES[] = {0x06, 0x0E, 0x2B, 0x34, 0x01, 0x01, 0x01, 0x02,
-                                                       0x05, 0x20, 0x07, 0x01, 0x01, 0x00, 0x00, 0x00};
-
-constexpr unsigned char TRACK_ID_BYTES[] = {0x06, 0x0E, 0x2B, 0x34, 0x01, 0x01, 0x01, 0x02,
-                                            0x01, 0x07, 0x01, 0x01, 0x00, 0x00, 0x00, 0x00};
-
-constexpr unsigned char PACKAGE_UID_BYTES[] = {0x06, 0x0E, 0x2B, 0x34, 0x01, 0x01, 0x01, 0x01,
-                                               0x01, 0x01, 0x15, 0x10, 0x00, 0x00, 0x00, 0x00};
-
-constexpr unsigned char LINKED_PACKAGE_UID_BYTES[] = {0x06, 0x0E, 0x2B, 0x34, 0x01, 0x01, 0x01, 0x02,
-                                                      0x06, 0x01, 0x01, 0x06, 0x01, 0x00, 0x00, 0x00};
-
-constexpr unsigned char PACKAGES_BYTES[] = {0x06, 0x0E, 0x2B, 0x34, 0x01, 0x01, 0x01, 0x02,
-                                            0x06, 0x01, 0x01, 0x04, 0x05, 0x01, 0x00, 0x00};
-
-// Made at compile time, so that they are there before any initialiser runs.
-Types::UniversalLabel const NULL_LABEL(NULL_BYTES);
-Types::UniversalLabel const INSTANCE_UID(INSTANCE_UID_BYTES);
-Types::UniversalLabel const THIS_GENERATION_UID(THIS_GENERATION_UID_BYTES);
-Types::UniversalLabel const TRACK_ID(TRACK_ID_BYTES);
-Types::UniversalLabel const PACKAGE_UID(PACKAGE_UID_BYTES);
-Types::UniversalLabel const LINKED_PACKAGE_UID(LINKED_PACKAGE_UID_BYTES);
-Types::UniversalLabel const PACKAGES(PACKAGES_BYTES);
-
-}
-
-Types::UniversalLabel const & null() noexcept
-{
-    return NULL_LABEL;
-}
-
-Types::UniversalLabel const & instanceUID() noexcept
-{
-    return INSTANCE_UID;
-}
-
-Types::UniversalLabel const & thisGenerationUID() noexcept
-{
-    return THIS_GENERATION_UID;
-}
-
-Types::UniversalLabel const & trackID() noexcept
-{
-    return TRACK_ID;
-}
-
-Types::UniversalLabel const & packageUID() noexcept
-{
-    return PACKAGE_UID;
-}
-
-Types::UniversalLabel const & linkedPackageUID() noexcept
-{
-    return LINKED_PACKAGE_UID;
-}
-
-Types::UniversalLabel const & packages() noexcept
-{
-    return PACKAGES;
-}
+VANTRY_CONSTANT_TABLE(Types::UniversalLabel, VANTRY_METADATA_ULS)
 
 }}}

@@ -16,6 +16,7 @@
 #include "Metadata/ArrayReferenceElement.h"
 #include "Metadata/BatchElement.h"
 #include "Metadata/BatchReferenceElement.h"
+#include "Metadata/DMS1/DMS1MetadataULs.h"
 #include "Metadata/MetadataULs.h"
 #include "Metadata/PartitionDictionary.h"
 #include "Metadata/ReferenceElement.h"
@@ -52,9 +53,6 @@ Types::LocalTag const PACKAGES_TAG(PACKAGES_TAG_BYTES);
 
 // The extended clip identifier of DMS-1 is an extended UMID. Writers are in
 // use that give the basic half alone.
-constexpr unsigned char EXTENDED_CLIP_ID_BYTES[] = {0x06, 0x0E, 0x2B, 0x34, 0x01, 0x01, 0x01, 0x07,
-                                                    0x01, 0x01, 0x15, 0x09, 0x00, 0x00, 0x00, 0x00};
-Types::UniversalLabel const EXTENDED_CLIP_ID(EXTENDED_CLIP_ID_BYTES);
 UInt64 const BASIC_UMID_SIZE = 32;
 UInt64 const EXTENDED_UMID_SIZE = 64;
 
@@ -222,7 +220,7 @@ void SetLoader::loadElement(Element & element, Content const & content)
     KLV::Value value(source, content.length);
     try
     {
-        if (content.length == BASIC_UMID_SIZE && element.label() == EXTENDED_CLIP_ID)
+        if (content.length == BASIC_UMID_SIZE && element.label() == DMS1::DMS1MetadataULs::extendedClipID())
         {
             unsigned char padded[EXTENDED_UMID_SIZE] = {};
             value.readValue(padded, BASIC_UMID_SIZE);
