@@ -25,7 +25,7 @@ BlockHolder block()
 void makeAndDrop(benchmark::State & state)
 {
     BlockHolder const holder = block();
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         benchmark::DoNotOptimize(auto_ptr<Slice>(new Slice(holder.block(), 0, BLOCK_SIZE)));
     state.SetLabel(AT_MOST);
 }
@@ -34,7 +34,7 @@ BENCHMARK(makeAndDrop);
 void copyAndDrop(benchmark::State & state)
 {
     Slice const slice(block().block(), 0, BLOCK_SIZE);
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         benchmark::DoNotOptimize(auto_ptr<Slice>(new Slice(slice)));
     state.SetLabel(AT_MOST);
 }
@@ -43,7 +43,7 @@ BENCHMARK(copyAndDrop);
 void spliceAndDrop(benchmark::State & state)
 {
     Slice slice(block().block(), 0, BLOCK_SIZE);
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
     {
         auto_ptr<Slice> const rest = slice.splice(slice.begin() + 100);
         slice.merge(*rest);
@@ -78,7 +78,7 @@ void chopPacket(benchmark::State & state)
         chains[0].push_back(auto_ptr<Slice>(new Slice(block().block(), 0, BLOCK_SIZE)));
 
     int from = 0;
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
     {
         chains[from].chopBegin(size, chains[1 - from]);
         if (chains[from].empty())

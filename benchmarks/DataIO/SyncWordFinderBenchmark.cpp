@@ -60,7 +60,7 @@ void memchrAll(benchmark::State & state)
 {
     BlockHolder const holder = block(static_cast<Content>(state.range(0)));
     unsigned char const * const end = holder.block()->data() + SIZE;
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
     {
         unsigned char const * at = holder.block()->data();
         while (void const * hit = std::memchr(at, 1, static_cast<std::size_t>(end - at)))
@@ -86,7 +86,7 @@ void findStartCode(benchmark::State & state)
     BlockHolder const holder = block(static_cast<Content>(state.range(0)));
     DataIO::SliceReader reader{Templates::SharedPtr<DataIO::SliceSource>(new NoSource)};
     DataIO::SyncWordFinder finder(reader, 0x00010000, 0x00FFFFFF);
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
     {
         reader.unget(auto_ptr<Slice>(new Slice(holder.block(), 0, SIZE)));
         benchmark::DoNotOptimize(finder.find(SIZE));

@@ -1,4 +1,5 @@
 #include "DataIO/Chain.h"
+#include "DataIO/Memory/MemoryBlockFactory.h"
 #include "Platform/FixedSizeAllocator.h"
 #include "Quorvan/Framework/Management/IRegisteredObject.h"
 #include "Quorvan/Framework/Management/MemoryManager.h"
@@ -24,9 +25,15 @@ UInt64 const MANY = 1000;
 
 CountingBlocks blocks;
 
-// Goes with the other static objects of the program, when the library may
-// have left the stage already: only a sanitizer sees whether that is fine.
-Chain lateChain;
+// Dropped when the main thread has given its cells back and the static
+// objects of the program are gone: a sanitizer sees whether that is fine.
+Chain * lateChain = nullptr;
+
+[[gnu::destructor]] void dropLate()
+{
+    delete lateChain;
+    delete new Slice;
+}
 
 // Fills a chain with slices that don't merge.
 void fill(Chain & chain, Slice const & slice, UInt64 count)
@@ -81,7 +88,13 @@ TEST(SliceAllocator, ServesObjectsThatEndWithTheirThread)
             .join();
 
     EXPECT_LE(cells.size(), 4 * MANY);
-    fill(lateChain, slice, MANY);
+}
+
+TEST(SliceAllocator, LetsSlicesOutliveTheMainThread)
+{
+    lateChain = new Chain;
+    DataIO::BlockHolder const block = DataIO::Memory::MemoryBlockFactory::instance().create(8);
+    fill(*lateChain, Slice(block.block(), 0, 8), MANY);
 }
 
 TEST(SliceAllocator, LetsThreadsDropSlicesOfOneBlock)
