@@ -56,7 +56,8 @@ UInt64 SliceSourceTee::skip(UInt64 howMuch)
     {
         Templates::auto_ptr<Slice> slice = impl_->reader.nextSlice(howMuch - moved);
         moved += slice->size();
-        impl_->sink->write(slice);
+        if (slice->size() != 0)
+            impl_->sink->write(slice);
     }
     return moved;
 }

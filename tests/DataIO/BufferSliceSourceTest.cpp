@@ -52,7 +52,17 @@ TEST(SliceSourceTee, ShowsTheSinkWhatPasses)
     std::vector<Bytes> const pieces = {counting(10), {}, counting(10, 10), counting(5, 20)};
     int const noCopies = static_cast<int>(2 * pieces.size());
 
-    BufferSliceSource sink;
+    class Sink : public BufferSliceSource
+    {
+    public:
+        void write(auto_ptr<Slice> slice) override
+        {
+            EXPECT_NE(slice->size(), 0u);
+            BufferSliceSource::write(slice);
+        }
+    };
+
+    Sink sink;
     SliceSourceTee tee(SharedPtr<SliceSource>(new PieceSource(blocks, pieces)), &sink);
     SliceSourceTee alone(SharedPtr<SliceSource>(new PieceSource(blocks, pieces)), nullptr);
     for (SliceSourceTee * each : {&tee, &alone})
