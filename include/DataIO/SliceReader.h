@@ -25,6 +25,9 @@ public:
     /// One slice of `howMuch` bytes, a shorter one at the end of the stream.
     /// Bytes are copied only if the range crosses from one block to another,
     /// into a block of the first one's kind.
+    ///
+    /// \throws Exceptions::IOError when the medium fails, Exceptions::BadAlloc;
+    ///         the reader then stands where it was.
     Templates::auto_ptr<Slice> read(UInt64 howMuch) override;
 
     /// Appends `howMuch` bytes to `destination`, fewer at the end of the

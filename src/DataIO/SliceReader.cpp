@@ -48,8 +48,16 @@ Templates::auto_ptr<Slice> SliceReader::read(UInt64 howMuch)
     // stream doesn't fulfil.
     Chain pieces;
     pieces.push_back(first);
-    read(rest, pieces);
-    return pieces.makeSlice(0, pieces.data_size());
+    try
+    {
+        read(rest, pieces);
+        return pieces.makeSlice(0, pieces.data_size());
+    }
+    catch (...)
+    {
+        unget(pieces);
+        throw;
+    }
 }
 
 void SliceReader::read(UInt64 howMuch, Chain & destination)

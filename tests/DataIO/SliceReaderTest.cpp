@@ -73,6 +73,30 @@ TEST(SliceReader, LeavesWhatIsTooShort)
 }
 
 // Such a source mustn't be asked when it has ended.
+TEST(SliceReader, StandsWhereItWasWhenTheMediumFails)
+{
+    class Failing : public PieceSource
+    {
+    public:
+        using PieceSource::PieceSource;
+
+        auto_ptr<Slice> read(UInt64 howMuch) override
+        {
+            if (PieceSource::endOfStream())
+                throw Exceptions::IOError("bad sector", __FILE__, __LINE__);
+            return PieceSource::read(howMuch);
+        }
+
+        bool endOfStream() const override { return false; }
+    };
+
+    CountingBlocks blocks;
+    SliceReader reader(SharedPtr<SliceSource>(new Failing(blocks, {counting(4), counting(4, 4)})));
+    EXPECT_FAILURE(IOError, "bad sector", reader.read(10));
+    EXPECT_EQ(reader.absoluteOffset(), 0u);
+    EXPECT_EQ(bytesOf(*reader.read(8)), counting(8));
+}
+
 TEST(SliceReader, AsksNoSourceThatHasEnded)
 {
     CountingBlocks blocks;
