@@ -9,7 +9,8 @@ namespace Vantry { namespace Types { namespace Visitors {
 ///
 ///     Int64 const * number = GetVisitor<Int64>(value).get();
 ///
-/// A class derived from `X` is not `X`: a Length is no Int64 here.
+/// A class derived from `X` is not `X`: a Length is no Int64 here. Each value
+/// needs a visitor of its own, since what isn't an `X` changes nothing.
 template <class X>
 class GetVisitor : public NullVisitor
 {
