@@ -72,8 +72,8 @@ public:
     /// Whether there is no value. A collection without items is one.
     virtual bool empty() const = 0;
 
-    /// Bytes of the value in 16 bits: longer values wrap, though they are
-    /// written whole. 0 where there is no value.
+    /// Bytes of the value in 16 bits: longer ones wrap. 0 where there is no
+    /// value.
     virtual UInt64 totalLength() const = 0;
 
     virtual void accept(Visitors::NonConstElementVisitor & visitor) = 0;
