@@ -31,7 +31,7 @@ namespace {
 // In sound metadata each set has one owner. A file whose sets are owned
 // twice, by sets that are owned twice, asks for more copies than fit into any
 // memory.
-unsigned int const MOST_REPEATS = 65536;
+unsigned int const MOST_REPEATS = 4096;
 
 // An element as one with references, or neither.
 class GetReferences final : public Visitors::ElementVisitor
