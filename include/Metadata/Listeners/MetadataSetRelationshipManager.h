@@ -1,12 +1,10 @@
 #pragma once
 
+#include "Metadata/Listeners/ReferenceEntry.h"
 #include "Metadata/PartitionMetadataListener.h"
 #include "Templates/Containers.h"
 #include "Templates/SharedPtr.h"
 #include "Types/UUID.h"
-
-#include <functional>
-#include <set>
 
 namespace Vantry { namespace Metadata {
 
@@ -23,7 +21,7 @@ namespace Listeners {
 class VANTRY_EXPORT MetadataSetRelationshipManager : public PartitionMetadataListener
 {
 public:
-    using Elements = std::set<Element *, std::less<>, Platform::Allocator<Element *>>;
+    using Elements = ReferenceEntry::Elements;
 
     /// \param partitionMetadata  whose listener it will be, and who outlives
     ///                           it
@@ -60,15 +58,6 @@ public:
     bool cascadeDelete(MetadataSet * set);
 
 protected:
-    /// The elements that refer to one identifier.
-    struct ReferenceEntry
-    {
-        VANTRY_CLASS_ALLOCATION
-
-        Elements weak;
-        Elements strong;
-    };
-
     using UUID2References = Templates::map<Types::UUID, Templates::SharedPtr<ReferenceEntry>>;
     using References2UUID = Templates::multimap<Element *, Types::UUID>;
 

@@ -1,0 +1,7 @@
+#include "Metadata/Listeners/CommitableListener.h"
+
+namespace Vantry { namespace Metadata { namespace Listeners {
+
+CommitableListener::~CommitableListener() = default;
+
+}}}

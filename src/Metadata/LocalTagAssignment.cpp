@@ -1,0 +1,60 @@
+#include "Metadata/LocalTagAssignment.h"
+
+#include "MetaMetadata/UnknownAttribute.h"
+#include "Metadata/Element.h"
+#include "Metadata/MetadataSet.h"
+#include "Metadata/MetadataULs.h"
+#include "Metadata/PartitionDictionary.h"
+#include "Platform/Allocator.h"
+
+#include <functional>
+#include <set>
+
+namespace Vantry { namespace Metadata {
+
+namespace {
+
+// Elements that the dictionary doesn't know are written with the tag they
+// came with.
+void reserveTags(MetadataSet const & set, PartitionDictionary & dictionary)
+{
+    for (auto place = set.invalidBegin(); place != set.invalidEnd(); ++place)
+    {
+        auto const attribute = (*place)->metaAttribute().dynamicCast<MetaMetadata::UnknownAttribute const>();
+        if (attribute)
+            dictionary.reserve(attribute->localTag());
+    }
+}
+
+void assignValid(MetadataSet const & set, PartitionDictionary & dictionary)
+{
+    for (MetadataSet::Entry const & entry : set)
+        dictionary.findOrGenerate(entry.first);
+}
+
+void assignInvalid(MetadataSet const & set, PartitionDictionary & dictionary)
+{
+    for (auto place = set.invalidBegin(); place != set.invalidEnd(); ++place)
+        if ((*place)->label() != MetadataULs::null())
+            dictionary.findOrGenerate((*place)->label());
+}
+
+}
+
+void assignLocalTags(PartitionMetadata::MetadataSets const & sets, PartitionDictionary & dictionary)
+{
+    for (auto const & entry : sets)
+        reserveTags(*entry.second, dictionary);
+
+    // Sets of one schema have the same valid elements.
+    using Schema = MetaMetadata::MetaMetadataSet const *;
+    std::set<Schema, std::less<>, Platform::Allocator<Schema>> done;
+    for (auto const & entry : sets)
+    {
+        if (done.insert(entry.second->metaMetadataSet()).second)
+            assignValid(*entry.second, dictionary);
+        assignInvalid(*entry.second, dictionary);
+    }
+}
+
+}}

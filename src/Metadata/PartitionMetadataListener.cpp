@@ -1,0 +1,7 @@
+#include "Metadata/PartitionMetadataListener.h"
+
+namespace Vantry { namespace Metadata {
+
+PartitionMetadataListener::~PartitionMetadataListener() = default;
+
+}}
