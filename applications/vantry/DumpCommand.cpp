@@ -5,6 +5,7 @@
 #include "Input.h"
 #include "KLV/Packet.h"
 #include "Output.h"
+#include "PackFacts.h"
 #include "PacketLines.h"
 #include "PacketWalk.h"
 
@@ -25,10 +26,12 @@ class Dump : public PacketListener
 public:
     Dump(PacketLines const & lines, Output & output) : lines_(lines), output_(output) {}
 
+    void value(KLV::Packet & packet) override { facts_ = readPackFacts(packet); }
+
     void packet(KLV::Packet const & packet, UInt64 bytesThere) override
     {
         bool const cut = bytesThere < packet.length();
-        lines_.packet(output_.buffer(), packet, cut);
+        lines_.packet(output_.buffer(), packet, facts_.get(), cut);
         output_.pieceDone();
 
         packetSeen_ = true;
@@ -70,6 +73,7 @@ private:
 
     PacketLines const & lines_;
     Output & output_;
+    std::unique_ptr<PackFacts> facts_;
     bool packetSeen_ = false;
     UInt64 damages_ = 0;
     std::string firstDamage_;

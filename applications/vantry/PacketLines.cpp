@@ -2,6 +2,7 @@
 
 #include "KLV/Packet.h"
 #include "KeyName.h"
+#include "PackFacts.h"
 
 #include <fmt/compile.h>
 #include <iterator>
@@ -40,11 +41,14 @@ private:
 
 }
 
-void PlainPacketLines::packet(fmt::memory_buffer & text, KLV::Packet const & packet, bool cut) const
+void PlainPacketLines::packet(fmt::memory_buffer & text, KLV::Packet const & packet, PackFacts const * facts,
+                              bool cut) const
 {
     fmt::format_to(std::back_inserter(text), FMT_COMPILE("{:>12}  {}  {:>12}  "), packet.keyAbsoluteOffset(),
                    std::string_view(KeyText(packet.key())), packet.length());
     appendKeyName(text, packet.key());
+    if (facts != nullptr)
+        facts->appendPlain(text);
     text.append(std::string_view(cut ? ", cut\n" : "\n"));
 }
 
@@ -53,13 +57,20 @@ void PlainPacketLines::gap(fmt::memory_buffer & text, UInt64 offset, UInt64 size
     fmt::format_to(std::back_inserter(text), "{:>12}  {:<47}  {:>12}  skipped\n", offset, '-', size);
 }
 
-void JsonPacketLines::packet(fmt::memory_buffer & text, KLV::Packet const & packet, bool cut) const
+void JsonPacketLines::packet(fmt::memory_buffer & text, KLV::Packet const & packet, PackFacts const * facts,
+                             bool cut) const
 {
     fmt::format_to(
         std::back_inserter(text), FMT_COMPILE(R"({{"offset": {}, "key": "{}", "ber": {}, "length": {}, "name": ")"),
         packet.keyAbsoluteOffset(), std::string_view(KeyText(packet.key())), packet.berLength(), packet.length());
     appendKeyName(text, packet.key());
-    text.append(std::string_view(cut ? "\", \"cut\": true}\n" : "\"}\n"));
+    text.push_back('"');
+    if (facts != nullptr)
+    {
+        text.append(std::string_view(", "));
+        facts->appendJson(text);
+    }
+    text.append(std::string_view(cut ? ", \"cut\": true}\n" : "}\n"));
 }
 
 void JsonPacketLines::gap(fmt::memory_buffer & text, UInt64 offset, UInt64 size) const

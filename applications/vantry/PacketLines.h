@@ -11,14 +11,18 @@ class Packet;
 
 namespace Application {
 
+class PackFacts;
+
 /// How packets are shown, a line each. The lines are appended to the text.
 class PacketLines
 {
 public:
     virtual ~PacketLines() = default;
 
-    /// A packet; `cut` when the input ends inside it.
-    virtual void packet(fmt::memory_buffer & text, KLV::Packet const & packet, bool cut) const = 0;
+    /// A packet, with the facts of its value if there are any; `cut` when the
+    /// input ends inside it.
+    virtual void packet(fmt::memory_buffer & text, KLV::Packet const & packet, PackFacts const * facts,
+                        bool cut) const = 0;
 
     /// A stretch of bytes that belong to no packet.
     virtual void gap(fmt::memory_buffer & text, UInt64 offset, UInt64 size) const = 0;
@@ -28,7 +32,8 @@ public:
 class PlainPacketLines : public PacketLines
 {
 public:
-    void packet(fmt::memory_buffer & text, KLV::Packet const & packet, bool cut) const override;
+    void packet(fmt::memory_buffer & text, KLV::Packet const & packet, PackFacts const * facts,
+                bool cut) const override;
     void gap(fmt::memory_buffer & text, UInt64 offset, UInt64 size) const override;
 };
 
@@ -36,7 +41,8 @@ public:
 class JsonPacketLines : public PacketLines
 {
 public:
-    void packet(fmt::memory_buffer & text, KLV::Packet const & packet, bool cut) const override;
+    void packet(fmt::memory_buffer & text, KLV::Packet const & packet, PackFacts const * facts,
+                bool cut) const override;
     void gap(fmt::memory_buffer & text, UInt64 offset, UInt64 size) const override;
 };
 

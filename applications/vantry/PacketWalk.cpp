@@ -61,7 +61,10 @@ void walkPackets(Input & input, PacketListener & listener)
         if (!packet)
             return;
 
-        listener.packet(*packet, packet->value().skip(packet->length()));
+        UInt64 const valueStart = source.absoluteOffset();
+        listener.value(*packet);
+        packet->value().discard();
+        listener.packet(*packet, source.absoluteOffset() - valueStart);
     }
 }
 

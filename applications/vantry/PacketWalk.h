@@ -18,6 +18,10 @@ class PacketListener
 public:
     virtual ~PacketListener() = default;
 
+    /// A packet whose value may be read now. What is left of it is passed
+    /// over, and `packet` follows.
+    virtual void value(KLV::Packet & packet) = 0;
+
     /// A packet, with as many bytes of its value as there are. Fewer than its
     /// length mean that the input ends inside it.
     virtual void packet(KLV::Packet const & packet, UInt64 bytesThere) = 0;

@@ -8,13 +8,12 @@
 #include "support/BytesPacket.h"
 #include "support/BytesSink.h"
 #include "support/FFmpeg.h"
+#include "support/FileBytes.h"
 #include "support/Samples.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <set>
 #include <string>
@@ -102,12 +101,6 @@ std::vector<std::string> faults(Bytes const & file)
     return result;
 }
 
-Bytes read(std::filesystem::path const & path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return Bytes(std::istreambuf_iterator<char>(file), {});
-}
-
 // Why files have packs that aren't written as they were.
 std::map<std::string, std::string> const REASONS = {
     {"F001_sample.mxf", UNORDERED},
@@ -133,7 +126,7 @@ TEST(RealPacks, OfManyMakersAreWrittenAsTheyWere)
 
     for (std::filesystem::path const & path : Tests::samples())
     {
-        std::vector<std::string> const found = faults(read(path));
+        std::vector<std::string> const found = faults(Tests::readFile(path));
         EXPECT_FALSE(found.empty()) << path;
 
         std::set<std::string> reasons(found.begin(), found.end());
@@ -149,25 +142,15 @@ TEST(RealPacks, OfFFmpegAreWrittenAsTheyWere)
 {
     VANTRY_NEEDS_FFMPEG();
 
-    std::string const tone = " -f lavfi -i sine=sample_rate=48000:duration=0.2";
-    std::string const picture = " -f lavfi -i testsrc=rate=25:duration=0.2:size=";
-    std::string const d10 =
-        " -c:v mpeg2video -pix_fmt yuv422p -g 1 -intra_vlc 1 -non_linear_quant 1 -qmin 1 -qmax 12 -dc 10"
-        " -b:v 30000k -minrate 30000k -maxrate 30000k -bufsize 1200000"
-        " -rc_init_occupancy 1200000 -c:a pcm_s16le";
-    struct Case
+    for (std::string const & kind : Tests::ffmpegKinds())
     {
-        char const * name;
-        std::string arguments;
-        std::vector<std::string> faults; // of header, primer, body, footer, random index
-    };
-    Case const cases[] = {
-        {"OP1a", picture + "320x240" + tone + " -c:v mpeg2video -c:a pcm_s16le -f mxf", {"", UNORDERED, "", "", ""}},
-        {"OP-Atom", tone + " -c:a pcm_s16le -f mxf_opatom", {"", UNORDERED, "", "", ""}},
-        {"D-10", picture + "720x608" + tone + d10 + " -f mxf_d10", {"", UNORDERED, "", ""}},
-    };
-    for (Case const & c : cases)
-        EXPECT_EQ(faults(FFmpegFile(c.arguments).content()), c.faults) << c.name;
+        // Header partition, primer, perhaps a body partition, footer partition, random index
+        std::vector<std::string> const found = faults(FFmpegFile(kind).content());
+        ASSERT_GE(found.size(), 4u) << kind;
+        std::vector<std::string> wanted(found.size());
+        wanted[1] = UNORDERED;
+        EXPECT_EQ(found, wanted) << kind;
+    }
 }
 
 }}}

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace Vantry { namespace Tests {
 
@@ -27,6 +28,21 @@ public:
             throw std::runtime_error("failed: " + command);
     }
 };
+
+/// Arguments for a small MXF file of each kind that ffmpeg writes.
+inline std::vector<std::string> ffmpegKinds()
+{
+    std::string const picture = "-f lavfi -i testsrc2=s=720x608:r=25:d=0.2 ";
+    std::string const sound = "-f lavfi -i sine=r=48000:d=0.2 -c:a pcm_s16le ";
+    return {
+        picture + sound + "-c:v mpeg2video -f mxf",
+        picture + sound +
+            "-c:v mpeg2video -pix_fmt yuv422p -g 1 -b:v 30M -minrate 30M -maxrate 30M -bufsize 1200000"
+            " -rc_init_occupancy 1200000 -qmin 1 -qmax 12 -flags +ildct+low_delay -dc 10 -intra_vlc 1"
+            " -non_linear_quant 1 -ps 1 -f mxf_d10",
+        sound + "-f mxf_opatom",
+    };
+}
 
 }}
 

@@ -1,0 +1,194 @@
+#include "PackFacts.h"
+
+#include "Exceptions/InvalidLength.h"
+#include "Exceptions/InvalidPartitionStatus.h"
+#include "KLV/Packet.h"
+#include "Packs/PartitionPack.h"
+#include "Packs/PrimerPack.h"
+#include "Packs/RandomIndexPack.h"
+#include "Platform/Text.h"
+#include "Types/Batch.h"
+#include "Types/Visitors/GetVisitor.h"
+
+#include <iterator>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Vantry { namespace Application {
+
+namespace {
+
+using Packs::PartitionPack;
+using Types::UniversalLabel;
+using TextForm = Types::StringRepresentationEncodingType;
+
+// A random index pack of this size lists more than a hundred thousand
+// partitions. What claims to be longer would only fill the memory.
+UInt64 const LONGEST_PACK = 2 << 20;
+
+std::string textOf(UniversalLabel const & label, TextForm form)
+{
+    return Platform::wstringToString(label.toString(form).c_str()).c_str();
+}
+
+/// The object identifier, or the bytes of a label that is none of SMPTE.
+std::string shortText(UniversalLabel const & label)
+{
+    Templates::wstring const identifier = label.toString(TextForm::OID);
+    bool const isWhole = UniversalLabel(identifier.c_str(), TextForm::OID) == label;
+    return textOf(label, isWhole ? TextForm::OID : TextForm::DOTTED_BYTES);
+}
+
+/// The bytes as JSON has them.
+std::string quoted(UniversalLabel const & label)
+{
+    return '"' + textOf(label, TextForm::DOTTED_BYTES) + '"';
+}
+
+std::string_view kindOf(PartitionPack const & pack)
+{
+    switch (pack.partitionKind())
+    {
+    case PartitionPack::HEADER_PARTITION:
+        return "header";
+    case PartitionPack::BODY_PARTITION:
+        return "body";
+    default:
+        return "footer";
+    }
+}
+
+std::string_view statusOf(PartitionPack const & pack)
+{
+    if (pack.isGenericStreamsPartition())
+        return "generic_stream";
+    if (pack.isOpen())
+        return pack.isComplete() ? "open_complete" : "open_incomplete";
+    return pack.isComplete() ? "closed_complete" : "closed_incomplete";
+}
+
+class PartitionFacts : public PackFacts
+{
+public:
+    explicit PartitionFacts(KLV::Packet & packet) : pack_(packet) {}
+
+    void appendPlain(fmt::memory_buffer & text) const override
+    {
+        fmt::format_to(std::back_inserter(text), ": header {} bytes, index {} bytes, pattern {}",
+                       pack_.headerByteCount(), pack_.indexByteCount(), shortText(pack_.operationalPattern()));
+        for (std::string const & container : containers(shortText))
+            fmt::format_to(std::back_inserter(text), ", container {}", container);
+    }
+
+    void appendJson(fmt::memory_buffer & text) const override
+    {
+        fmt::format_to(std::back_inserter(text),
+                       R"("partition": {{"kind": "{}", "status": "{}", "major": {}, "minor": {}, "kag_size": {}, )"
+                       R"("this_partition": {}, "previous_partition": {}, "footer_partition": {}, )"
+                       R"("header_byte_count": {}, "index_byte_count": {}, "index_sid": {}, "body_sid": {}, )"
+                       R"("body_offset": {}, "operational_pattern": {}, "essence_containers": [{}]}})",
+                       kindOf(pack_), statusOf(pack_), pack_.majorVersion(), pack_.minorVersion(), pack_.kagSize(),
+                       pack_.thisPartition(), pack_.previousPartition(), pack_.footerPartition(),
+                       pack_.headerByteCount(), pack_.indexByteCount(), pack_.indexSID(), pack_.bodySID(),
+                       pack_.bodyOffset(), quoted(pack_.operationalPattern()), fmt::join(containers(quoted), ", "));
+    }
+
+private:
+    std::vector<std::string> containers(std::string (*text)(UniversalLabel const &)) const
+    {
+        std::vector<std::string> texts;
+        Types::Batch const & labels = pack_.essenceContainers();
+        for (unsigned int i = 0; i < labels.size(); ++i)
+            texts.push_back(text(*Types::Visitors::GetVisitor<UniversalLabel>(labels.at(i)).get()));
+        return texts;
+    }
+
+    PartitionPack pack_;
+};
+
+class PrimerFacts : public PackFacts
+{
+public:
+    explicit PrimerFacts(KLV::Packet & packet) : pack_(packet) {}
+
+    void appendPlain(fmt::memory_buffer & text) const override
+    {
+        fmt::format_to(std::back_inserter(text), ": {} tags", pack_.count());
+        if (pack_.countDuplicates() != 0)
+            fmt::format_to(std::back_inserter(text), ", {} duplicates", pack_.countDuplicates());
+    }
+
+    void appendJson(fmt::memory_buffer & text) const override
+    {
+        fmt::format_to(std::back_inserter(text), R"("primer": {{"tags": {}, "duplicates": {}}})", pack_.count(),
+                       pack_.countDuplicates());
+    }
+
+private:
+    Packs::PrimerPack pack_;
+};
+
+class RandomIndexFacts : public PackFacts
+{
+public:
+    explicit RandomIndexFacts(KLV::Packet & packet) : pack_(packet) {}
+
+    void appendPlain(fmt::memory_buffer & text) const override
+    {
+        std::string_view separator = ": ";
+        for (auto const & [offset, bodySID] : pack_.offsetIndexedMap())
+        {
+            fmt::format_to(std::back_inserter(text), "{}SID {} at {}", separator, bodySID, offset);
+            separator = ", ";
+        }
+    }
+
+    void appendJson(fmt::memory_buffer & text) const override
+    {
+        std::string_view separator = R"("entries": [)";
+        for (auto const & [offset, bodySID] : pack_.offsetIndexedMap())
+        {
+            fmt::format_to(std::back_inserter(text), R"({}{{"body_sid": {}, "offset": {}}})", separator, bodySID,
+                           offset);
+            separator = ", ";
+        }
+        text.append(std::string_view(pack_.size() == 0 ? R"("entries": [])" : "]"));
+    }
+
+private:
+    Packs::RandomIndexPack pack_;
+};
+
+std::unique_ptr<PackFacts> read(KLV::Packet & packet)
+{
+    if (Packs::isPartitionPack(packet.key()))
+        return std::make_unique<PartitionFacts>(packet);
+    if (Packs::isPrimerPack(packet.key()))
+        return std::make_unique<PrimerFacts>(packet);
+    if (Packs::isRandomIndexPack(packet.key()))
+        return std::make_unique<RandomIndexFacts>(packet);
+    return nullptr;
+}
+
+}
+
+std::unique_ptr<PackFacts> readPackFacts(KLV::Packet & packet)
+{
+    if (packet.length() > LONGEST_PACK)
+        return nullptr;
+
+    try
+    {
+        return read(packet);
+    }
+    catch (Exceptions::InvalidLength const &)
+    {
+    }
+    catch (Exceptions::InvalidPartitionStatus const &)
+    {
+    }
+    return nullptr;
+}
+
+}}
