@@ -14,7 +14,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <map>
 #include <set>
 #include <string>
 #include <vector>
@@ -101,24 +100,16 @@ std::vector<std::string> faults(Bytes const & file)
     return result;
 }
 
-// Why files have packs that aren't written as they were.
-std::map<std::string, std::string> const REASONS = {
-    {"F001_sample.mxf", UNORDERED},
-    {"F044_timecode.mxf", UNORDERED},
-    {"F048_8c0c4ebc_mono_sine.mxf", UNORDERED},
-    {"F068_allMdTypes.mrx", UNORDERED},
-    {"F072_rexy_sunbathe_mrx.mxf", UNORDERED},
-    {"F081_AUDIO.null_terminated_strings.mxf", UNORDERED},
-    {"F164_fmt-200-signature-id-791.mxf", "The key defines an invalid partition status"},
-    {"F189_audio1.mxf", UNORDERED},
-    {"F191_class14.mxf", UNORDERED},
-    {"F193_indirect.mxf", UNORDERED},
-    {"F194_open-incomplete-header.mxf", UNORDERED},
-    {"F196_video1.mxf", UNORDERED},
-    {"F217_test03-imf-mm-api-wnoise_a0.mxf", UNORDERED},
-    {"F255_70c921db-4257-4858-aab1-8dbdd0fa039a.mxf", UNORDERED},
-    {"F281_ECL29-SINGLE-CPL-CRYPT_TST_S_EN-EN_UK-U_51_2K_DI_20180103_ECL_IOP_OV_audio_01.mxf", UNORDERED},
-};
+// Why files, by the number that their names begin with, have packs that aren't
+// written as they were.
+std::string reasonFor(std::string const & number)
+{
+    static std::set<std::string> const unordered = {"F001", "F044", "F048", "F068", "F072", "F081", "F189",
+                                                    "F191", "F193", "F194", "F196", "F217", "F255", "F281"};
+    if (number == "F164")
+        return "The key defines an invalid partition status"; // a bare key and zeros
+    return unordered.count(number) != 0 ? UNORDERED : "";
+}
 
 TEST(RealPacks, OfManyMakersAreWrittenAsTheyWere)
 {
@@ -129,12 +120,9 @@ TEST(RealPacks, OfManyMakersAreWrittenAsTheyWere)
         std::vector<std::string> const found = faults(Tests::readFile(path));
         EXPECT_FALSE(found.empty()) << path;
 
-        std::set<std::string> reasons(found.begin(), found.end());
-        reasons.erase("");
-        auto const reason = REASONS.find(path.filename());
-        std::set<std::string> const wanted =
-            reason == REASONS.end() ? std::set<std::string>() : std::set<std::string>{reason->second};
-        EXPECT_EQ(reasons, wanted) << path;
+        std::set<std::string> const reasons(found.begin(), found.end());
+        EXPECT_EQ(*reasons.rbegin(), reasonFor(path.filename().string().substr(0, 4))) << path;
+        EXPECT_LE(reasons.size(), 2u) << path;
     }
 }
 
