@@ -20,6 +20,7 @@
 #include "Metadata/SetOrder.h"
 #include "Metadata/SetRegister.h"
 #include "Metadata/SimpleElement.h"
+#include "Metadata/Structural/PackageOrder.h"
 #include "Packs/PrimerPack.h"
 #include "Types/Collection.h"
 #include "Types/Factories/UID.h"
@@ -460,6 +461,9 @@ void PartitionMetadata::serializeForwardReferences(DataIO::DataSink & sink, bool
 
 void PartitionMetadata::serialize(DataIO::DataSink & sink, bool withDark, SerializationOrder order, bool withPrimer)
 {
+    if (order == NormalizedForward || order == NormalizedReversed || order == NormalizedReversedExperimentalFirst)
+        Structural::orderPackagesAndTracks(*this);
+
     switch (order)
     {
     case PrefaceFirst:

@@ -1,0 +1,390 @@
+#include "Exceptions/InvalidChange.h"
+#include "Exceptions/InvalidFormat.h"
+#include "Exceptions/NotFound.h"
+#include "Metadata/DMS1/ClipFramework.h"
+#include "Metadata/Listeners/NullMetadataListener.h"
+#include "Metadata/SimpleElement.h"
+#include "Metadata/Structural/CDCIEssenceDescriptor.h"
+#include "Metadata/Structural/ContentStorage.h"
+#include "Metadata/Structural/DMSegment.h"
+#include "Metadata/Structural/DataDefinitionULs.h"
+#include "Metadata/Structural/EssenceContainerData.h"
+#include "Metadata/Structural/EventTrack.h"
+#include "Metadata/Structural/MaterialPackage.h"
+#include "Metadata/Structural/MultipleDescriptor.h"
+#include "Metadata/Structural/NetworkLocator.h"
+#include "Metadata/Structural/PackageHelpers.h"
+#include "Metadata/Structural/Preface.h"
+#include "Metadata/Structural/PrefaceHelpers.h"
+#include "Metadata/Structural/Sequence.h"
+#include "Metadata/Structural/SourceClip.h"
+#include "Metadata/Structural/SourcePackage.h"
+#include "Metadata/Structural/TimecodeComponent.h"
+#include "Metadata/Structural/TimelineTrack.h"
+#include "Metadata/Structural/TrackHelpers.h"
+#include "Metadata/Structural/WAVEAudioEssenceDescriptor.h"
+#include "Types/Batch.h"
+#include "Types/ISO7String.h"
+#include "Utils/TimeCode.h"
+#include "support/BytesSink.h"
+#include "support/Failure.h"
+#include "support/StructuralMetadata.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <string>
+
+using namespace Vantry;
+using namespace Vantry::Metadata;
+using namespace Vantry::Metadata::Structural;
+using namespace Vantry::Tests;
+
+namespace {
+
+using Seconds = Templates::Rational<Int64>;
+
+Int64 const MOST = std::numeric_limits<Int64>::max();
+
+// A Preface, a ContentStorage and a source package in it.
+class StructuralHelpers : public testing::Test
+{
+protected:
+    StructuralHelpers()
+    {
+        preface.contentStorage(&storage);
+        storage.appendPackage(&package);
+    }
+
+    TimelineTrack & track(Types::UniversalLabel const & dataDefinition, Types::Rational const & editRate, Int64 origin,
+                          Int64 length, unsigned int trackID = 1)
+    {
+        return *createTimelineTrack(*metadata, package, dataDefinition, trackID, 0, origin, editRate, length);
+    }
+
+    TimecodeComponent & timecode(TimelineTrack & owner, Int64 start, bool dropFrame)
+    {
+        TimecodeComponent & component = metadata.make<TimecodeComponent>();
+        Types::Position const position(start);
+        Types::Boolean const drop(dropFrame);
+        component.startTimecode(&position);
+        component.dropFrame(&drop);
+        owner.sequence()->addStructuralComponent(0, &component);
+        return component;
+    }
+
+    template <class Descriptor>
+    Descriptor & descriptor(unsigned char container, unsigned int linkedTrack = 0)
+    {
+        Descriptor & made = metadata.make<Descriptor>();
+        Types::UniversalLabel const label = sample<Types::UniversalLabel>(container);
+        made.essenceContainer(&label);
+        Types::UInt32 const number(linkedTrack);
+        made.linkedTrack(linkedTrack != 0 ? &number : nullptr);
+        return made;
+    }
+
+    StructuralMetadata metadata;
+    Preface & preface = metadata.make<Preface>();
+    ContentStorage & storage = metadata.make<ContentStorage>();
+    SourcePackage & package = metadata.make<SourcePackage>();
+
+    Types::UniversalLabel const & picture = DataDefinitionULs::picture();
+    Types::UniversalLabel const & audio = DataDefinitionULs::audio();
+    Types::UniversalLabel const & timecode309M = DataDefinitionULs::timecode309M();
+};
+
+TEST_F(StructuralHelpers, ReadThePreface)
+{
+    Types::UniversalLabel const pattern = sample<Types::UniversalLabel>(1);
+    preface.operationalPattern(&pattern);
+    preface.appendEssenceContainer(sample<Types::UniversalLabel>(2));
+    preface.appendEssenceContainer(sample<Types::UniversalLabel>(3));
+
+    EXPECT_EQ(&findPreface(*metadata), &preface);
+    EXPECT_EQ(*operationalPattern(*metadata), pattern);
+    EXPECT_EQ(serialized(*essenceContainers(*metadata)),
+              hex("00 00 00 02 00 00 00 10") + countedBytes(2).first(16) + countedBytes(3).first(16));
+
+    StructuralMetadata empty;
+    EXPECT_FAILURE(NotFound, "Didn't find MetadataSet with specified key.", findPreface(*empty));
+}
+
+TEST_F(StructuralHelpers, TellTracksApart)
+{
+    TimelineTrack & code = track(timecode309M, {25, 1}, 0, 10);
+    TimelineTrack & image = track(picture, {25, 1}, 0, 10);
+    TimelineTrack & text = track(DataDefinitionULs::parsedText(), {25, 1}, 0, 10);
+    TimelineTrack & sound = track(audio, {25, 1}, 0, 10);
+    TimelineTrack & bare = metadata.make<TimelineTrack>();
+    package.addTrack(0, &metadata.make<EventTrack>());
+    package.addTrack(1, &bare);
+
+    Templates::list<TimelineTrack *> all;
+    Templates::list<TimelineTrack *> essence;
+    getAllTimelineTracks(package, all);
+    getAllEssenceTracks(package, essence);
+    EXPECT_EQ(all, (Templates::list<TimelineTrack *>{&bare, &code, &image, &text, &sound}));
+    EXPECT_EQ(essence, (Templates::list<TimelineTrack *>{&image, &sound}));
+    EXPECT_EQ(getTimecodeTrack(package), &code);
+    EXPECT_FALSE(isEssenceTrack(nullptr) || isTimeCodeTrack(nullptr));
+}
+
+TEST_F(StructuralHelpers, MakeTracksAndClips)
+{
+    TimelineTrack & made = track(picture, {50, 2}, 3, 7, 9);
+    EXPECT_EQ(package.track(0), &made);
+    EXPECT_EQ(made.trackID()->value(), 9u);
+    EXPECT_EQ(made.editRate()->numerator(), 50) << "as it was given";
+    EXPECT_EQ(made.origin()->value(), 3);
+    EXPECT_EQ(*made.sequence()->dataDefinition(), picture);
+    EXPECT_EQ(made.sequence()->duration()->value(), 7);
+
+    SourceClip & first = *addSourceClip(*metadata, made.sequence(), picture, 1, 2);
+    SourceClip & second = *addSourceClip(*metadata, made.sequence(), picture, 3, 4);
+    EXPECT_EQ(made.sequence()->structuralComponent(0), &first);
+    EXPECT_EQ(made.sequence()->structuralComponent(1), &second);
+    EXPECT_EQ(second.startPosition()->value(), 3);
+    EXPECT_EQ(second.duration()->value(), 4);
+    EXPECT_EQ(second.sourcePackageUID(), nullptr);
+    EXPECT_EQ(second.sourceTrack(), nullptr);
+
+    // A package that can't have tracks.
+    StructuralMetadata poor(attributeLabel("02 06 01 01 04 06 05 00 00"));
+    MaterialPackage & closed = poor.make<MaterialPackage>();
+    EXPECT_EQ(createTimelineTrack(*poor, closed, picture, 1, 0, 0, {25, 1}, 7), nullptr);
+    EXPECT_EQ(poor->size(), 1u) << "nothing stays behind";
+}
+
+TEST_F(StructuralHelpers, BoundTracksInSeconds)
+{
+    struct Case
+    {
+        Types::Rational editRate;
+        Int64 origin, length;
+        Seconds start, end;
+    };
+    Case const CASES[] = {
+        {{25, 1}, 0, 50, {0}, {2}},
+        {{30000, 1001}, 30, 30, {1001, 1000}, {2 * 1001, 1000}},
+        {{-25, -1}, -25, 50, {-1}, {1}},
+        {{1, 2}, 1, 1, {2}, {4}},
+        {{2, 1}, MOST - 1, 0, {MOST / 2}, {MOST / 2}},
+    };
+    Seconds start;
+    Seconds end;
+    for (Case const & c : CASES)
+    {
+        ASSERT_TRUE(trackBoundsInSeconds(&track(picture, c.editRate, c.origin, c.length), start, end));
+        EXPECT_EQ(start, c.start) << start.numerator() << '/' << start.denominator();
+        EXPECT_EQ(end, c.end) << end.numerator() << '/' << end.denominator();
+    }
+
+    EXPECT_FALSE(trackBoundsInSeconds(nullptr, start, end));
+    EXPECT_FALSE(trackBoundsInSeconds(&metadata.make<TimelineTrack>(), start, end));
+    EXPECT_FALSE(trackBoundsInSeconds(&track(picture, {25, 1}, 0, -1), start, end));
+    EXPECT_FALSE(trackBoundsInSeconds(&track(picture, {25, 0}, 0, 1), start, end));
+    EXPECT_FALSE(trackBoundsInSeconds(&track(picture, {0, 1}, 1, 1), start, end));
+    EXPECT_FALSE(trackBoundsInSeconds(&track(picture, {25, 1}, MOST, 1), start, end)) << "a sum beyond 64 bits";
+    EXPECT_FALSE(trackBoundsInSeconds(&track(picture, {1, 3}, 0, MOST), start, end)) << "a product beyond 64 bits";
+    TimelineTrack & noOrigin = track(picture, {25, 1}, 0, 1);
+    noOrigin.origin(nullptr);
+    EXPECT_FALSE(trackBoundsInSeconds(&noOrigin, start, end));
+}
+
+TEST_F(StructuralHelpers, MeasurePackages)
+{
+    TimelineTrack & code = track(timecode309M, {30000, 1001}, 0, 5);
+    EXPECT_EQ(packageDurationInSeconds(package), Seconds(-1)) << "time code alone";
+    EXPECT_FALSE(packageDurationAsTimeCode(package).isDefined());
+    EXPECT_FALSE(startTimecode(package).isDefined());
+
+    track(picture, {25, 1}, -25, 50);
+    track(audio, {48000, 1}, 0, 48001);
+    EXPECT_EQ(packageDurationInSeconds(package), Seconds(2) + Seconds(1, 48000));
+    EXPECT_FAILURE(InvalidFormat, "count != 0: Timecode track has no timecode components",
+                   packageDurationAsTimeCode(package));
+
+    TimecodeComponent & component = timecode(code, 1800, true);
+    EXPECT_EQ(packageDurationAsTimeCode(package).toFrameCounter(), 60u) << "59.9 frames";
+    EXPECT_TRUE(packageDurationAsTimeCode(package).dropFrame());
+    Utils::TimeCode const start = startTimecode(package);
+    EXPECT_EQ(start, Utils::TimeCode(30, 0, 1, 0, 2, true, false));
+
+    struct Case
+    {
+        char const * name;
+        Types::Rational editRate;
+        Int64 start;
+        bool isDefined;
+    };
+    Case const CASES[] = {
+        {"no denominator", {30, 0}, 0, false}, {"drop frame at 25", {25, 1}, 0, false},
+        {"rate 256", {256, 1}, 0, false},      {"before midnight", {30, 1}, -1, false},
+        {"rate 24", {24000, 1001}, 0, true},
+    };
+    for (Case const & c : CASES)
+    {
+        Types::Position const position(c.start);
+        component.startTimecode(&position);
+        code.editRate(&c.editRate);
+        EXPECT_EQ(startTimecode(package).isDefined(), c.isDefined) << c.name;
+    }
+
+    track(picture, {25, 1}, 0, -1);
+    EXPECT_EQ(packageDurationInSeconds(package), Seconds(-1)) << "a track that doesn't tell";
+}
+
+TEST_F(StructuralHelpers, DropFrameNeedsATimecodeComponent)
+{
+    TimelineTrack & code = metadata.make<TimelineTrack>();
+    EXPECT_FAILURE(InvalidFormat, "seq != 0: Timecode track has no sequence", isDropFrame(code));
+
+    Sequence & sequence = metadata.make<Sequence>();
+    code.sequence(&sequence);
+    EXPECT_FAILURE(InvalidFormat, "count != 0: Timecode track has no timecode components", isDropFrame(code));
+
+    SourceClip & clip = metadata.make<SourceClip>();
+    sequence.addStructuralComponent(0, &clip);
+    EXPECT_FAILURE(InvalidFormat, "tc != 0: Timecode component has invalid type", isDropFrame(code));
+
+    (*metadata).removeMetadataSet(Types::UUID(*clip.instanceUID()));
+    EXPECT_FAILURE(InvalidFormat, "component != 0: Timecode track has no timecode components", isDropFrame(code));
+
+    TimecodeComponent & component = timecode(code, 0, true);
+    EXPECT_TRUE(isDropFrame(code));
+    component.dropFrame(nullptr);
+    EXPECT_FAILURE(InvalidFormat, "b != 0: Timecode component does not have the 'dropFrame' element",
+                   isDropFrame(code));
+}
+
+TEST_F(StructuralHelpers, FindDescriptorsOfTracks)
+{
+    TimelineTrack & image = track(picture, {25, 1}, 0, 1, 1);
+    EXPECT_EQ(essenceULOfTrack(package, &image), nullptr) << "no descriptor";
+    EXPECT_EQ(essenceULOfTrack(package, nullptr), nullptr);
+
+    auto & video = descriptor<CDCIEssenceDescriptor>(1);
+    package.descriptor(&video);
+    EXPECT_EQ(fileDescriptorForTrack(package, 1), &video) << "unlinked, but the only track";
+
+    TimelineTrack & sound = track(audio, {25, 1}, 0, 1, 2);
+    EXPECT_EQ(fileDescriptorForTrack(package, 1), nullptr);
+    EXPECT_EQ(essenceULOfTrack(package, &image), video.essenceContainer()) << "of the right kind";
+    EXPECT_EQ(essenceULOfTrack(package, &sound), nullptr);
+
+    auto & several = descriptor<MultipleDescriptor>(2);
+    auto & stray = descriptor<WAVEAudioEssenceDescriptor>(3);
+    auto & linked = descriptor<WAVEAudioEssenceDescriptor>(4, 2);
+    package.descriptor(&several);
+    several.addSubDescriptor(0, &stray);
+    several.addSubDescriptor(1, &linked);
+    several.addSubDescriptor(2, &video);
+    EXPECT_EQ(fileDescriptorForTrack(package, 2), &linked);
+    EXPECT_EQ(essenceULOfTrack(package, &sound), linked.essenceContainer());
+    EXPECT_EQ(essenceULOfTrack(package, &image), video.essenceContainer());
+
+    linked.linkedTrack(nullptr);
+    EXPECT_EQ(essenceULOfTrack(package, &sound), stray.essenceContainer()) << "the first of its kind";
+}
+
+TEST_F(StructuralHelpers, TellEssenceOutsideTheFile)
+{
+    auto & several = descriptor<MultipleDescriptor>(1);
+    auto & nested = descriptor<MultipleDescriptor>(1);
+    package.descriptor(&several);
+    several.addSubDescriptor(0, &nested);
+    nested.addSubDescriptor(0, &several);
+    EXPECT_FALSE(isExternalEssence(*metadata, package)) << "no locator, in a circle of descriptors";
+
+    nested.addLocator(0, &metadata.make<NetworkLocator>());
+    EXPECT_FAILURE(InvalidFormat, "package.packageUID () != 0: Package has no packageUID",
+                   isExternalEssence(*metadata, package));
+
+    Types::UMID32 const umid = sample<Types::UMID32>();
+    package.packageUID(&umid);
+    EXPECT_TRUE(hasExternalEssence(*metadata)) << "no container in the file";
+
+    EssenceContainerData & container = metadata.make<EssenceContainerData>();
+    container.linkedPackage(&package);
+    EXPECT_TRUE(hasExternalEssence(*metadata)) << "without stream";
+    for (unsigned int bodySID : {0u, 1u})
+    {
+        Types::UInt32 const number(bodySID);
+        container.bodySID(&number);
+        EXPECT_EQ(hasExternalEssence(*metadata), bodySID == 0);
+    }
+
+    preface.contentStorage(nullptr);
+    EXPECT_FAILURE(InvalidFormat, "contentStorage != 0: Preface has no ContentStorage",
+                   isExternalEssence(*metadata, package));
+    EXPECT_FAILURE(InvalidFormat, "contentStorage != 0: Preface has no ContentStorage", hasExternalEssence(*metadata));
+}
+
+TEST_F(StructuralHelpers, NormalizedOrderPutsMaterialAndTimeCodeFirst)
+{
+    auto const write = [&]
+    {
+        BytesSink sink;
+        metadata->serialize(sink, true, PartitionMetadata::NormalizedForward, true);
+    };
+    TimelineTrack & image = track(picture, {25, 1}, 0, 1);
+    TimelineTrack & code = track(timecode309M, {25, 1}, 0, 1);
+    MaterialPackage & first = metadata.make<MaterialPackage>();
+    MaterialPackage & lost = metadata.make<MaterialPackage>();
+    MaterialPackage & second = metadata.make<MaterialPackage>();
+    for (MaterialPackage * added : {&first, &lost, &second})
+        storage.appendPackage(added);
+    (*metadata).removeMetadataSet(Types::UUID(*lost.instanceUID()));
+
+    write();
+    ASSERT_EQ(storage.packagesCount(), 4u) << "a broken reference stays";
+    EXPECT_EQ(storage.package(0), &first);
+    EXPECT_EQ(storage.package(1), &second);
+    EXPECT_EQ(storage.package(2), &package);
+    EXPECT_EQ(package.track(0), &code);
+    EXPECT_EQ(package.track(1), &image);
+
+    while (storage.packagesCount() != 0)
+        storage.removePackage(0);
+    EXPECT_FAILURE(InvalidFormat, "contentStorage -> packagesCount () > 0: No ContentStorage packages", write());
+    preface.contentStorage(nullptr);
+    EXPECT_FAILURE(InvalidFormat, "contentStorage != 0: No ContentStorage", write());
+}
+
+TEST_F(StructuralHelpers, HangAClipFrameworkOnATrack)
+{
+    using namespace DMS1;
+    auto const textOf = [](MetadataSet & set, Types::UniversalLabel const & label)
+    {
+        Types::SimpleDataType const & value = *dynamic_cast<SimpleElement &>(set.find(label)).value();
+        return std::string(value.rawBuffer(), value.rawBuffer() + value.serializedSize());
+    };
+    TimelineTrack & description = track(DataDefinitionULs::descriptiveMetadata(), {25, 1}, 0, 1);
+    addSourceClip(*metadata, description.sequence(), DataDefinitionULs::descriptiveMetadata(), 0, 1);
+
+    MetadataSet & framework = *createClipFramework(*metadata, &description, "de", ClipKindGraphic);
+    EXPECT_EQ(framework.key(), DMS1MetadataKeys::clipFramework());
+    EXPECT_EQ(textOf(framework, DMS1MetadataULs::frameworkExtendedTextLanguageCode()), std::string("de", 3));
+    EXPECT_EQ(textOf(framework, DMS1MetadataULs::clipKind()), std::string("\0G\0r\0a\0p\0h\0i\0c\0", 16));
+
+    auto & segment = dynamic_cast<DMSegment &>(*description.sequence()->structuralComponent(0));
+    EXPECT_EQ(segment.dmFramework(), &framework);
+    EXPECT_EQ(*segment.dataDefinition(), DataDefinitionULs::descriptiveMetadata());
+    EXPECT_EQ(segment.duration(), nullptr);
+
+    for (int kind : {0, 6})
+        EXPECT_STREQ(
+            Platform::wstringToString(clipKindToWString(static_cast<ClipFrameworkClipKind>(kind)).c_str()).c_str(),
+            "Unknown");
+
+    StructuralMetadata poor(DMS1MetadataULs::clipKind());
+    TimelineTrack & other = poor.make<TimelineTrack>();
+    EXPECT_FAILURE(InvalidFormat, "sequence != 0: Track has no sequence",
+                   createClipFramework(*poor, &other, "", ClipKindStill));
+    other.sequence(&poor.make<Sequence>());
+    EXPECT_THROW(createClipFramework(*poor, &other, "", ClipKindStill), Exceptions::NotFound);
+    EXPECT_EQ(other.sequence()->structuralComponentsCount(), 1u) << "the segment stays";
+}
+
+}
