@@ -8,6 +8,9 @@
 #include "PackFacts.h"
 #include "PacketLines.h"
 #include "PacketWalk.h"
+#include "Schema/Definition.h"
+#include "Schema/SchemaError.h"
+#include "SetNames.h"
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
@@ -79,11 +82,32 @@ private:
     std::string firstDamage_;
 };
 
-std::unique_ptr<PacketLines> makeLines(bool json)
+std::unique_ptr<PacketLines> makeLines(bool json, SetNames const & sets)
 {
     if (json)
-        return std::make_unique<JsonPacketLines>();
-    return std::make_unique<PlainPacketLines>();
+        return std::make_unique<JsonPacketLines>(sets);
+    return std::make_unique<PlainPacketLines>(sets);
+}
+
+/// The names of the built-in schema, with what a schema file adds if one is
+/// given.
+SetNames readSetNames(std::string const & dictionary)
+{
+    if (dictionary.empty())
+        return SetNames(Schema::builtInTables());
+
+    requireReadable(dictionary);
+    try
+    {
+        Schema::Definition definition(Schema::builtInTables());
+        definition.addFile(dictionary);
+        return SetNames(definition.tables());
+    }
+    catch (Schema::SchemaError const & error)
+    {
+        // The text begins with the file's name and a mark.
+        throw Failure(ExitStatus::FAILED, dictionary, std::string(error.what()).substr(dictionary.size() + 2));
+    }
 }
 
 }
@@ -105,11 +129,9 @@ void DumpCommand::declareOptions(CLI::App & options)
 
 void DumpCommand::run(CommonOptions const & common, Output & output)
 {
-    if (!common.dictionary.empty())
-        requireReadable(common.dictionary);
-
+    SetNames const sets = readSetNames(common.dictionary);
     std::unique_ptr<Input> const input = Input::open(file_);
-    std::unique_ptr<PacketLines> const lines = makeLines(common.json);
+    std::unique_ptr<PacketLines> const lines = makeLines(common.json, sets);
 
     Dump dump(*lines, output);
     walkPackets(*input, dump);

@@ -2,6 +2,7 @@
 
 #include "KLV/Key.h"
 #include "KLV/KeyPredicates.h"
+#include "SetNames.h"
 
 #include <cstring>
 #include <fmt/compile.h>
@@ -114,8 +115,11 @@ std::string_view wholeName(KLV::Key const & key)
     return {};
 }
 
-std::string_view generalName(KLV::Key const & key)
+std::string_view generalName(KLV::Key const & key, SetNames const & sets)
 {
+    std::string const * const name = sets.find(key);
+    if (name != nullptr)
+        return *name;
     if (KLV::isStructuralMetadataSet(key))
         return "Structural Metadata Set";
     if (KLV::isDescriptiveMetadataSet(key))
@@ -125,7 +129,7 @@ std::string_view generalName(KLV::Key const & key)
 
 }
 
-void appendKeyName(fmt::memory_buffer & text, KLV::Key const & key)
+void appendKeyName(fmt::memory_buffer & text, KLV::Key const & key, SetNames const & sets)
 {
     // Most packets of a large file are essence.
     if (KLV::isEssence(key))
@@ -135,7 +139,7 @@ void appendKeyName(fmt::memory_buffer & text, KLV::Key const & key)
     if (!name.empty())
         text.append(name);
     else if (!PARTITION_PACK.matches(key) || !appendPartitionName(text, key))
-        text.append(generalName(key));
+        text.append(generalName(key, sets));
 }
 
 }}

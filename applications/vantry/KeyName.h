@@ -9,10 +9,13 @@ class Key;
 
 namespace Application {
 
+class SetNames;
+
 /// Appends what a key tells of its packet (SMPTE 377M and 379M): "Header
 /// Partition (closed, complete)", "GC Picture Element (track number
-/// 0x15010500)", "Fill", "Unknown". No letter of it needs an escape in JSON.
-void appendKeyName(fmt::memory_buffer & text, KLV::Key const & key);
+/// 0x15010500)", "Fill", "Unknown". Metadata sets are called what the schema
+/// calls them.
+void appendKeyName(fmt::memory_buffer & text, KLV::Key const & key, SetNames const & sets);
 
 }
 }

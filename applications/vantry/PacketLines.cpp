@@ -39,6 +39,20 @@ private:
     char text_[3 * BYTES];
 };
 
+// Names may come from a user's schema and hold anything.
+void appendEscaped(fmt::memory_buffer & text, std::string_view name)
+{
+    for (char c : name)
+        if (static_cast<unsigned char>(c) < 0x20)
+            fmt::format_to(std::back_inserter(text), "\\u{:04x}", +c);
+        else
+        {
+            if (c == '"' || c == '\\')
+                text.push_back('\\');
+            text.push_back(c);
+        }
+}
+
 }
 
 void PlainPacketLines::packet(fmt::memory_buffer & text, KLV::Packet const & packet, PackFacts const * facts,
@@ -46,7 +60,7 @@ void PlainPacketLines::packet(fmt::memory_buffer & text, KLV::Packet const & pac
 {
     fmt::format_to(std::back_inserter(text), FMT_COMPILE("{:>12}  {}  {:>12}  "), packet.keyAbsoluteOffset(),
                    std::string_view(KeyText(packet.key())), packet.length());
-    appendKeyName(text, packet.key());
+    appendKeyName(text, packet.key(), sets_);
     if (facts != nullptr)
         facts->appendPlain(text);
     text.append(std::string_view(cut ? ", cut\n" : "\n"));
@@ -63,7 +77,9 @@ void JsonPacketLines::packet(fmt::memory_buffer & text, KLV::Packet const & pack
     fmt::format_to(
         std::back_inserter(text), FMT_COMPILE(R"({{"offset": {}, "key": "{}", "ber": {}, "length": {}, "name": ")"),
         packet.keyAbsoluteOffset(), std::string_view(KeyText(packet.key())), packet.berLength(), packet.length());
-    appendKeyName(text, packet.key());
+    fmt::memory_buffer name;
+    appendKeyName(name, packet.key(), sets_);
+    appendEscaped(text, std::string_view(name.data(), name.size()));
     text.push_back('"');
     if (facts != nullptr)
     {

@@ -12,11 +12,15 @@ class Packet;
 namespace Application {
 
 class PackFacts;
+class SetNames;
 
 /// How packets are shown, a line each. The lines are appended to the text.
 class PacketLines
 {
 public:
+    /// The names are lent.
+    explicit PacketLines(SetNames const & sets) : sets_(sets) {}
+
     virtual ~PacketLines() = default;
 
     /// A packet, with the facts of its value if there are any; `cut` when the
@@ -26,12 +30,17 @@ public:
 
     /// A stretch of bytes that belong to no packet.
     virtual void gap(fmt::memory_buffer & text, UInt64 offset, UInt64 size) const = 0;
+
+protected:
+    SetNames const & sets_;
 };
 
 /// Columns for people: offset, key, length, name.
 class PlainPacketLines : public PacketLines
 {
 public:
+    using PacketLines::PacketLines;
+
     void packet(fmt::memory_buffer & text, KLV::Packet const & packet, PackFacts const * facts,
                 bool cut) const override;
     void gap(fmt::memory_buffer & text, UInt64 offset, UInt64 size) const override;
@@ -41,6 +50,8 @@ public:
 class JsonPacketLines : public PacketLines
 {
 public:
+    using PacketLines::PacketLines;
+
     void packet(fmt::memory_buffer & text, KLV::Packet const & packet, PackFacts const * facts,
                 bool cut) const override;
     void gap(fmt::memory_buffer & text, UInt64 offset, UInt64 size) const override;

@@ -37,7 +37,9 @@ void declareCommonOptions(CLI::App & options, CommonOptions & common)
 {
     options.add_flag("--json", common.json, "Give the result as JSON on standard output");
     options.add_flag("--quiet", common.quiet, "Show no progress bar");
-    options.add_option("--dictionary", common.dictionary, "Use another schema in place of the built-in one")
+    options
+        .add_option("--dictionary", common.dictionary,
+                    "Take sets and names from this schema file too, in place of built-in ones")
         ->type_name("FILE");
 }
 

@@ -299,8 +299,8 @@ TEST(Dump, ShowsColumnsAndNames)
            0  -                                                           2  skipped
            2  06.0e.2b.34.02.05.01.01.0d.01.02.01.01.02.04.00             1  Header Partition (closed, complete)
           20  06.0e.2b.34.02.05.01.01.0d.01.02.01.01.05.01.00             0  Primer Pack
-          37  06.0e.2b.34.02.53.01.01.0d.01.01.01.01.01.2f.00             0  Structural Metadata Set
-          54  06.0e.2b.34.02.53.01.01.0d.01.04.01.01.01.01.00             0  Descriptive Metadata Set
+          37  06.0e.2b.34.02.53.01.01.0d.01.01.01.01.01.2f.00             0  Preface
+          54  06.0e.2b.34.02.53.01.01.0d.01.04.01.01.01.01.00             0  ProductionFramework
           71  06.0e.2b.34.02.53.01.01.0d.01.01.01.02.20.00.00             0  Unknown Set
           88  06.0e.2b.34.02.53.01.01.0d.01.02.01.01.10.01.00             0  Index Table Segment
          105  06.0e.2b.34.01.01.01.02.03.01.02.10.01.00.00.00             0  Fill

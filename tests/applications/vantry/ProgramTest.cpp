@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <cstring>
 
 #include <sys/stat.h>
 
@@ -12,6 +13,11 @@ using ::testing::HasSubstr;
 using ::testing::StartsWith;
 
 Bytes const FILL = hex("06 0E 2B 34 01 01 01 02 03 01 02 10 01 00 00 00  03  00 00 00");
+
+Bytes text(char const * characters)
+{
+    return Bytes(characters, characters + std::strlen(characters));
+}
 
 TEST(Program, EndsWithAStatusAndAtMostOneLine)
 {
@@ -25,6 +31,10 @@ TEST(Program, EndsWithAStatusAndAtMostOneLine)
     scratch.write("bad-length", FILL.first(16) + hex("80") + FILL);
     scratch.write("no-packet", repeated(100, 7));
     scratch.write("empty", {});
+    scratch.write("schema", text(R"({"sets": {"mine": {"name": "My \"Set\"", "attributes": {},
+        "key": "06.0e.2b.34.02.53.01.01.0f.00.00.00.00.00.00.01"}}})"));
+    scratch.write("bad-schema", text(R"({"sets": {"mine": {"key": "06"}}})"));
+    scratch.write("my-set", hex("06 0E 2B 34 02 53 01 01 0F 00 00 00 00 00 00 01 00"));
     std::filesystem::create_directory(scratch.path() / "folder");
     ASSERT_EQ(mkfifo((scratch.path() / "pipe").c_str(), 0600), 0);
 
@@ -37,7 +47,8 @@ TEST(Program, EndsWithAStatusAndAtMostOneLine)
 
     Case const CASES[] = {
         {"dump fill", 0, ""},
-        {"dump --json --quiet --dictionary fill -- fill", 0, ""},
+        {"dump --json --quiet --dictionary schema -- fill", 0, ""},
+        {R"(dump --json --dictionary schema my-set | grep -qF '"name": "My \"Set\""')", 0, ""},
         {"dump - < fill", 0, ""},
         {"dump pipe & cat fill > pipe; wait $!", 0, ""},
         {"dump run-in", 0, ""},
@@ -48,6 +59,8 @@ TEST(Program, EndsWithAStatusAndAtMostOneLine)
         {"dump missing", 1, "vantry: missing: can't be opened: No such file or directory\n"},
         {"dump 'a\nb'", 1, "vantry: a b: can't be opened: No such file or directory\n"},
         {"dump --dictionary missing fill", 1, "vantry: missing: can't be opened: No such file or directory\n"},
+        {"dump --dictionary bad-schema fill", 1,
+         "vantry: bad-schema: set 'mine', field 'key': must be 16 bytes in hexadecimal, with dots between them\n"},
         {"dump fill > /dev/full", 1, "vantry: standard output: No space left on device\n"},
         {"--version > /dev/full", 1, "vantry: standard output: No space left on device\n"},
         {"", 2, "vantry: a command is missing (see vantry --help)\n"},
