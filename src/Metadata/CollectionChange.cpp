@@ -27,13 +27,13 @@ using SchemaRules::identifierOf;
 [[noreturn]] void failTooMany(Element const & element, unsigned int maximum)
 {
     VANTRY_FAIL(InvalidChange,
-                aboutValue(element, ": Schema only allows to add ", maximum, " elements to this collection."));
+                aboutValue(element, "': Schema only allows to add ", maximum, " elements to this collection."));
 }
 
 [[noreturn]] void failTooFew(Element const & element, unsigned int minimum)
 {
     VANTRY_FAIL(InvalidChange,
-                aboutValue(element, ": Schema does not allow less than ", minimum, " elements in the collection."));
+                aboutValue(element, "': Schema does not allow less than ", minimum, " elements in the collection."));
 }
 
 Templates::auto_ptr<Types::Collection> emptyCollection(Types::Identifiers::Identifier kind, int elementSize)
@@ -95,7 +95,7 @@ void CollectionChange::insert(unsigned int index, Templates::auto_ptr<Types::Sim
 
     auto * const array = dynamic_cast<Types::Array *>(held_.get());
     if (array == nullptr)
-        VANTRY_FAIL(InvalidChange, aboutValue(element_, ": Collection can not be changed to another type!"));
+        VANTRY_FAIL(InvalidChange, aboutValue(element_, "': Collection can not be changed to another type!"));
     OwnerCalls::changedItem(element_, *held_, index, item.get());
     array->insertAt(index, std::move(item));
 }
@@ -116,7 +116,7 @@ void CollectionChange::remove(unsigned int index)
 void CollectionChange::checkCollection(Types::Collection const & collection) const
 {
     if (identifierOf(&collection) != kind_)
-        VANTRY_FAIL(InvalidChange, aboutValue(element_, ": Collection can not be changed to another type!"));
+        VANTRY_FAIL(InvalidChange, aboutValue(element_, "': Collection can not be changed to another type!"));
 
     auto const * const rules = collectionRules(element_);
     if (rules == nullptr)
@@ -127,14 +127,14 @@ void CollectionChange::checkCollection(Types::Collection const & collection) con
     if (collection.size() > limits.maximum)
         failTooMany(element_, limits.maximum);
     if (collection.size() != 0 && identifierOf(&collection.at(0)) != rules->dataSubType())
-        VANTRY_FAIL(InvalidChange, aboutValue(element_, ": Setting collection with an invalid Sub Type."));
+        VANTRY_FAIL(InvalidChange, aboutValue(element_, "': Setting collection with an invalid Sub Type."));
 }
 
 void CollectionChange::checkItem(Types::SimpleDataType const * item) const
 {
     auto const * const rules = collectionRules(element_);
     if (item == nullptr || (rules != nullptr && identifierOf(item) != rules->dataSubType()))
-        VANTRY_FAIL(InvalidChange, aboutValue(element_, ": Setting value with an invalid Sub Type in a collection."));
+        VANTRY_FAIL(InvalidChange, aboutValue(element_, "': Setting value with an invalid Sub Type in a collection."));
 }
 
 // The collection says the same, but only after the owner has been told.

@@ -55,8 +55,7 @@ Templates::wstring nameOf(Element const & element)
 
 Templates::wstring aboutValue(Element const & element, char const * rest)
 {
-    return Platform::stringToWstring("Value '") + nameOf(element) + Platform::stringToWstring("'") +
-           Platform::stringToWstring(rest);
+    return Platform::stringToWstring("Value '") + nameOf(element) + Platform::stringToWstring(rest);
 }
 
 Templates::wstring aboutValue(Element const & element, char const * lead, unsigned int number, char const * end)
@@ -74,7 +73,7 @@ void checkValue(Element const & element, Types::SimpleDataType const * value, bo
     if (value == nullptr)
     {
         if (!force && isRequired(element))
-            VANTRY_FAIL(InvalidChange, aboutValue(element, " is required according to Schema"));
+            VANTRY_FAIL(InvalidChange, aboutValue(element, "' is required according to Schema"));
         return;
     }
 
