@@ -191,7 +191,7 @@ TEST_F(MetadataSetTest, StopsAtATripletWithoutLength)
     auto const load = [&](char const * value)
     {
         MetadataSet & set = owner.node();
-        LengthFailure const failure = lengthFailureOf([&] { reloaded(set, hex(value)); });
+        LengthFailure failure = lengthFailureOf([&] { reloaded(set, hex(value)); });
         EXPECT_FALSE(set.find(labelOf(NUMBER)).empty());
         return failure;
     };
@@ -281,7 +281,7 @@ TEST_F(MetadataSetTest, IsKnownByItsIdentifier)
     EXPECT_EQ(written(dark), packet(strangeKey(), identifier));
     EXPECT_FAILURE(NotFound, "Element not found in Invalid Element list!", dark.removedInvalidElement(nullptr));
     Element & made = dark.createInvalidElement(set.find(labelOf(CHILDREN)).metaAttribute());
-    EXPECT_EQ(typeid(made), typeid(ArrayReferenceElement));
+    EXPECT_EQ(classOf(made), typeid(ArrayReferenceElement));
     EXPECT_EQ(dark.invalidSize(), 2u);
 
     // The text stands on the beginning of the message.
@@ -432,7 +432,7 @@ TEST_F(MetadataSetTest, IsMadeOfTheClassOfItsKey)
 {
     MetadataSetFactory & factory = MetadataSetFactory::instance();
     std::unique_ptr<MetadataSet> const plain(factory.create(nodeKey(), schema.set(nodeKey()), &owner));
-    EXPECT_EQ(typeid(*plain), typeid(MetadataSet));
+    EXPECT_EQ(classOf(*plain), typeid(MetadataSet));
     EXPECT_EQ(plain->owner(), &owner);
 
     KLV::Key const key = keyWithCoding(0x73);
@@ -441,7 +441,7 @@ TEST_F(MetadataSetTest, IsMadeOfTheClassOfItsKey)
         [](MetaMetadata::MetaMetadataSet const *, MetadataSetOwner * theOwner) -> MetadataSet *
         { return new DarkParsedGroup(keyWithCoding(0x73), theOwner); }));
     std::unique_ptr<MetadataSet> const special(factory.create(key, nullptr, nullptr));
-    EXPECT_EQ(typeid(*special), typeid(DarkParsedGroup));
+    EXPECT_EQ(classOf(*special), typeid(DarkParsedGroup));
 }
 
 TEST(DarkMetadataSet, KeepsBytes)

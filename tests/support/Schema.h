@@ -11,6 +11,7 @@
 #include "Metadata/PartitionDictionary.h"
 #include "Packs/PrimerPack.h"
 #include "Platform/Text.h"
+#include "Types/UUID.h"
 #include "support/Bytes.h"
 
 #include <memory>

@@ -13,6 +13,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <typeinfo>
 #include <vector>
 
 namespace Vantry { namespace Tests {
@@ -121,6 +122,13 @@ private:
     mutable std::map<Types::UUID, Metadata::MetadataSet *> index_;
     mutable std::size_t indexed_ = 0;
 };
+
+/// The class of an element or a set.
+template <class Object>
+std::type_info const & classOf(Object const & object)
+{
+    return typeid(object);
+}
 
 /// The element of an attribute as `Class`.
 template <class Class>
