@@ -51,7 +51,7 @@ template <class T>
 union Constant
 {
     constexpr explicit Constant(IdentifierBytes const & bytes) : value(bytes.bytes) {}
-    ~Constant() {}
+    ~Constant() {} // NOLINT(modernize-use-equals-default): that would be a deleted one
 
     T value;
 };

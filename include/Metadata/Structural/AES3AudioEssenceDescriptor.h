@@ -12,8 +12,7 @@ public:
     /// A set without values; the arguments are those of MetadataSet.
     AES3AudioEssenceDescriptor(MetaMetadata::MetaMetadataSet const * metaMetadataSet, MetadataSetOwner * owner);
 
-    /// Emphasis of the channels, as in AES3 channel status: 0 unknown, 1
-    /// reserved, 2 none, 3 and more as coded.
+    /// Emphasis of the channels, coded as in AES3 channel status.
     Types::UInt8 const * emphasis() const;
     void emphasis(Types::UInt8 const * value);
 
@@ -25,9 +24,9 @@ public:
     Types::UInt8 const * auxBitsMode() const;
     void auxBitsMode(Types::UInt8 const * value);
 
-    /// How channel status is carried, one value per channel: 0 not at all, 1 as
-    /// AES3 minimum, 2 as AES3 standard, 3 as fixed data, 4 in a stream, 5 in
-    /// the essence.
+    /// How channel status is carried, one value per channel (SMPTE 382M): 0 not
+    /// at all, 1 AES3 minimum, 2 AES3 standard, 3 fixed, 4 in a stream of the
+    /// metadata, 5 beside the essence.
     Types::UInt8 const * channelStatusMode(unsigned int index) const;
     unsigned int channelStatusModeCount() const;
     void addChannelStatusMode(unsigned int index, Types::UInt8 const & value);
@@ -39,8 +38,8 @@ public:
     void addFixedChannelStatusData(unsigned int index, Types::DataStream const & value);
     void removeFixedChannelStatusData(unsigned int index);
 
-    /// How user data are carried, one value per channel: 0 not at all, 1 as a
-    /// 192 bit block, 2 as AES18, 3 user defined, 4 as IEC, 5 as metadata.
+    /// How user data are carried, one value per channel, as SMPTE 382M codes
+    /// it.
     Types::UInt8 const * userDataMode(unsigned int index) const;
     unsigned int userDataModeCount() const;
     void addUserDataMode(unsigned int index, Types::UInt8 const & value);

@@ -20,13 +20,14 @@ public:
     Types::Boolean const * lockedUnlocked() const;
     void lockedUnlocked(Types::Boolean const * value);
 
-    /// Level of a reference tone, in dBu for 0 VU.
+    /// Level of the reference tone: dBm for 0 VU.
     Types::Int8 const * audioRefLevel() const;
     void audioRefLevel(Types::Int8 const * value);
 
-    /// Use of the channels: 0 two-channel, 1 single channel, 2 primary and
-    /// secondary, 3 stereo, 7 single channel at doubled rate, stereo left, 8
-    /// right, 9 multichannel.
+    /// Use of the channels, as in AES3 channel status: 0 not told, 1 two-
+    /// channel, 2 single channel, 3 primary and secondary, 4 stereo, 7 single
+    /// channel at doubled rate, 8 left and 9 right of such stereo, 15
+    /// multichannel.
     Types::UInt8 const * electroSpatialFormulation() const;
     void electroSpatialFormulation(Types::UInt8 const * value);
 

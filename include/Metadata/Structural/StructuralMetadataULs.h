@@ -430,12 +430,12 @@ VANTRY_EXPORT Types::UniversalLabel const & audioSamplingRate() noexcept;
 /// Whether the sampling rate is locked to the picture.
 VANTRY_EXPORT Types::UniversalLabel const & lockedUnlocked() noexcept;
 
-/// Level of a reference tone, in dBu for 0 VU.
+/// Level of the reference tone: dBm for 0 VU.
 VANTRY_EXPORT Types::UniversalLabel const & audioRefLevel() noexcept;
 
-/// Use of the channels: 0 two-channel, 1 single channel, 2 primary and
-/// secondary, 3 stereo, 7 single channel at doubled rate, stereo left, 8 right,
-/// 9 multichannel.
+/// Use of the channels, as in AES3 channel status: 0 not told, 1 two-channel, 2
+/// single channel, 3 primary and secondary, 4 stereo, 7 single channel at
+/// doubled rate, 8 left and 9 right of such stereo, 15 multichannel.
 VANTRY_EXPORT Types::UniversalLabel const & electroSpatialFormulation() noexcept;
 
 /// Number of sound channels.
@@ -501,8 +501,7 @@ VANTRY_EXPORT Types::UniversalLabel const & peakEnvelopeData() noexcept;
 
 // AES3AudioEssenceDescriptor
 
-/// Emphasis of the channels, as in AES3 channel status: 0 unknown, 1 reserved,
-/// 2 none, 3 and more as coded.
+/// Emphasis of the channels, coded as in AES3 channel status.
 VANTRY_EXPORT Types::UniversalLabel const & emphasis() noexcept;
 
 /// Place in the essence of the first AES3 block start, in samples.
@@ -511,16 +510,15 @@ VANTRY_EXPORT Types::UniversalLabel const & blockStartOffset() noexcept;
 /// Use of the auxiliary bits, as in AES3 channel status.
 VANTRY_EXPORT Types::UniversalLabel const & auxBitsMode() noexcept;
 
-/// How channel status is carried, one value per channel: 0 not at all, 1 as
-/// AES3 minimum, 2 as AES3 standard, 3 as fixed data, 4 in a stream, 5 in the
-/// essence.
+/// How channel status is carried, one value per channel (SMPTE 382M): 0 not at
+/// all, 1 AES3 minimum, 2 AES3 standard, 3 fixed, 4 in a stream of the
+/// metadata, 5 beside the essence.
 VANTRY_EXPORT Types::UniversalLabel const & channelStatusMode() noexcept;
 
 /// The channel status of each channel where it is fixed: 24 bytes each.
 VANTRY_EXPORT Types::UniversalLabel const & fixedChannelStatusData() noexcept;
 
-/// How user data are carried, one value per channel: 0 not at all, 1 as a 192
-/// bit block, 2 as AES18, 3 user defined, 4 as IEC, 5 as metadata.
+/// How user data are carried, one value per channel, as SMPTE 382M codes it.
 VANTRY_EXPORT Types::UniversalLabel const & userDataMode() noexcept;
 
 /// The user data of each channel where they are fixed: 24 bytes each.

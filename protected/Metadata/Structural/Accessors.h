@@ -70,6 +70,9 @@ Type const * getValue(MetadataSet const & set, Types::UniversalLabel const & lab
 
 }}}
 
+// Types can't stand in parentheses.
+// NOLINTBEGIN(bugprone-macro-parentheses)
+
 /// Getter and setter of a value. Like the others in here, for the source of
 /// `Class`; `label` is the attribute's name among the labels.
 #define VANTRY_VALUE(Class, name, label, Type)                \
@@ -151,3 +154,5 @@ Type const * getValue(MetadataSet const & set, Types::UniversalLabel const & lab
     {                                                                   \
         appendReference(*this, Labels::label(), target);                \
     }
+
+// NOLINTEND(bugprone-macro-parentheses)

@@ -23,6 +23,7 @@
 #include "Types/UniversalLabel.h"
 #include "Utils/TimeCode.h"
 
+#include <algorithm>
 #include <set>
 
 namespace Vantry { namespace Metadata { namespace Structural {
@@ -123,10 +124,9 @@ FileDescriptor * descriptorByDataDefinition(SourcePackage const & package, Timel
 
 bool hasLocator(SourcePackage const & package)
 {
-    for (FileDescriptor const * descriptor : withSubDescriptors(dynamic_cast<FileDescriptor *>(package.descriptor())))
-        if (descriptor->locatorsCount() != 0)
-            return true;
-    return false;
+    auto const descriptors = withSubDescriptors(dynamic_cast<FileDescriptor *>(package.descriptor()));
+    return std::any_of(descriptors.begin(), descriptors.end(),
+                       [](FileDescriptor const * descriptor) { return descriptor->locatorsCount() != 0; });
 }
 
 ContentStorage const & contentStorageOf(PartitionMetadata const & metadata)

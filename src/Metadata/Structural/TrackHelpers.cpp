@@ -101,7 +101,7 @@ bool trackBoundsInSeconds(TimelineTrack const * track, Templates::Rational<Int64
     if (origin == nullptr || editRate == nullptr || editRate->denominator() == 0 || editRate->numerator() == 0)
         return false;
 
-    Int64 last;
+    Int64 last = 0;
     if (__builtin_add_overflow(origin->value(), duration->value(), &last))
         return false;
 
