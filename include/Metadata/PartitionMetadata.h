@@ -186,6 +186,8 @@ public:
     ///         one Preface.
     /// \throws Exceptions::NotFound, in orders that follow the tree, when
     ///         there is no Preface.
+    /// \throws Exceptions::InvalidFormat, in normalized orders, when there is
+    ///         no ContentStorage or no package in it.
     /// \throws Exceptions::LocalTagNotFound when the primer pack, which isn't
     ///         to be written, lacks an attribute.
     /// \throws Exceptions::IOError when the sink fails.
