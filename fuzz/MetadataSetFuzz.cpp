@@ -45,8 +45,8 @@ Bytes written(Metadata::MetadataSet const & set, Metadata::PartitionDictionary c
 // The packet that comes out when one is loaded.
 Bytes reloaded(Bytes const & bytes)
 {
-    Tests::Schema const schema;
-    auto const dictionary = schema.partitionDictionary();
+    static Tests::Schema const schema;
+    static auto const dictionary = schema.partitionDictionary();
     Tests::BytesPacket packet(bytes);
     Metadata::MetadataSet set((*packet).key(), schema.set((*packet).key()), nullptr);
     try
