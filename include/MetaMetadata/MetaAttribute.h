@@ -31,12 +31,12 @@ public:
     MetaAttribute(MetaElement const & metaElement, AttributeRequiredStatus::Status status,
                   Templates::auto_ptr<Types::BaseType const> distinguished, Types::LocalTag const * staticTag);
     MetaAttribute(MetaAttribute const & other);
-    MetaAttribute & operator=(MetaAttribute const &) = delete;
+    MetaAttribute & operator=(MetaAttribute const & other);
     ~MetaAttribute() override;
 
     void accept(AbstractMetaAttributeVisitor & visitor) const override;
 
-    MetaElement const & metaElement() const noexcept { return metaElement_; }
+    MetaElement const & metaElement() const noexcept { return *metaElement_; }
     AttributeRequiredStatus::Status requiredStatus() const noexcept { return status_; }
 
     /// The value that stands for "not known"; null when there is none.
@@ -46,7 +46,7 @@ public:
     Types::LocalTag const * staticLocalTag() const noexcept { return hasStaticTag_ ? &staticTag_ : nullptr; }
 
 private:
-    MetaElement const & metaElement_;
+    MetaElement const * metaElement_;
     AttributeRequiredStatus::Status status_;
     Templates::SharedPtr<Types::BaseType const> distinguished_;
     bool hasStaticTag_;

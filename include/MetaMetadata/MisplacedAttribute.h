@@ -13,14 +13,14 @@ public:
     VANTRY_CLASS_ALLOCATION
 
     /// The dictionary, which owns the element, outlives this object.
-    explicit MisplacedAttribute(MetaElement const & metaElement) noexcept : metaElement_(metaElement) {}
+    explicit MisplacedAttribute(MetaElement const & metaElement) noexcept : metaElement_(&metaElement) {}
 
     void accept(AbstractMetaAttributeVisitor & visitor) const override;
 
-    MetaElement const & metaElement() const noexcept { return metaElement_; }
+    MetaElement const & metaElement() const noexcept { return *metaElement_; }
 
 private:
-    MetaElement const & metaElement_;
+    MetaElement const * metaElement_;
 };
 
 /// Whether both mean the very same element.

@@ -15,13 +15,6 @@ typename Map::mapped_type const * findIn(Map const & map, typename Map::key_type
     return found != map.end() ? &found->second : nullptr;
 }
 
-template <class Map, class Value>
-void replaceIn(Map & map, typename Map::key_type const & key, Value const & value)
-{
-    map.erase(key);
-    map.emplace(key, value);
-}
-
 bool hasProperty(PropertyMap const & map, Templates::wstring const & name, Templates::wstring const & value)
 {
     Templates::wstring const * const property = map.findProperty(name);
@@ -60,8 +53,8 @@ Dictionary::~Dictionary()
 
 void Dictionary::add(Types::LocalTag const & tag, Types::UniversalLabel const & label)
 {
-    replaceIn(impl_->labelsByTag, tag, label);
-    replaceIn(impl_->tagsByLabel, label, tag);
+    impl_->labelsByTag.insert_or_assign(tag, label);
+    impl_->tagsByLabel.insert_or_assign(label, tag);
 }
 
 Types::LocalTag const * Dictionary::find(Types::UniversalLabel const & label) const
@@ -76,7 +69,7 @@ Types::UniversalLabel const * Dictionary::find(Types::LocalTag const & tag) cons
 
 void Dictionary::add(KLV::Key const & key, MetaMetadataSet const & set)
 {
-    replaceIn(impl_->sets, key, set);
+    impl_->sets.insert_or_assign(key, set);
 }
 
 MetaMetadataSet const * Dictionary::find(KLV::Key const & key) const

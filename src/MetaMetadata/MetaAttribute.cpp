@@ -14,7 +14,7 @@ unsigned char const NO_TAG[] = {0, 0};
 MetaAttribute::MetaAttribute(MetaElement const & metaElement, AttributeRequiredStatus::Status status,
                              Templates::auto_ptr<Types::BaseType const> distinguished,
                              Types::LocalTag const * staticTag) :
-    metaElement_(metaElement),
+    metaElement_(&metaElement),
     status_(status),
     distinguished_(distinguished),
     hasStaticTag_(staticTag != nullptr),
@@ -23,6 +23,8 @@ MetaAttribute::MetaAttribute(MetaElement const & metaElement, AttributeRequiredS
 }
 
 MetaAttribute::MetaAttribute(MetaAttribute const & other) = default;
+
+MetaAttribute & MetaAttribute::operator=(MetaAttribute const & other) = default;
 
 MetaAttribute::~MetaAttribute() = default;
 

@@ -161,6 +161,12 @@ TEST(MetaMetadataSet, ComparesAttributesWithTheirDistinguishedValues)
     EXPECT_FALSE(setWith(new Types::UInt8(1)) == setWith(nullptr));
     // Only the left one is asked.
     EXPECT_TRUE(setWith(nullptr) == setWith(new Types::UInt8(1)));
+
+    MetaSimpleElement const other(label(2), Id::UInt8);
+    Templates::SharedPtr<MetaAttribute> const assigned = attribute(other, "Other");
+    *assigned = *attribute(element, "Name", new Types::UInt8(1));
+    EXPECT_EQ(&assigned->metaElement(), &element);
+    EXPECT_TRUE(*attribute(element, "Name", new Types::UInt8(1)) == *assigned);
 }
 
 TEST(AttributeRequiredStatus, KnowsItsTexts)
@@ -193,6 +199,11 @@ TEST(Dictionary, LetsTheLastEntryOfATagOrLabelWin)
     EXPECT_EQ(*dictionary.find(label(1)), tag(1));
     EXPECT_EQ(*dictionary.find(tag(2)), label(2));
     EXPECT_EQ(dictionary.find(label(3)), nullptr);
+
+    // What is added may be what the dictionary itself has given.
+    dictionary.add(*dictionary.find(label(2)), *dictionary.find(tag(1)));
+    EXPECT_EQ(*dictionary.find(tag(1)), label(2));
+    EXPECT_EQ(*dictionary.find(label(2)), tag(1));
 }
 
 TEST(Dictionary, FindsByProperty)
