@@ -6,7 +6,9 @@
 #include <algorithm>
 #include <cstring>
 #include <fstream>
+#include <iterator>
 #include <map>
+#include <set>
 #include <sstream>
 #include <vector>
 
@@ -34,17 +36,27 @@ Row<T> rowOf(std::vector<T> const & values)
 }
 
 // Puts an entry in the place of the one with its symbol or its label, or
-// behind all others.
-template <class Entry>
-void addOrReplace(std::vector<Entry> & entries, Entry entry)
+// behind all others. When one entry has the symbol and another the label, it
+// takes the place of both. Tells `replaced` of each that goes.
+template <class Entry, class Replaced>
+void addOrReplace(std::vector<Entry> & entries, Entry const & entry, Replaced const & replaced)
 {
-    auto const place =
-        std::find_if(entries.begin(), entries.end(),
-                     [&](Entry const & other) { return other.symbol == entry.symbol || other.label == entry.label; });
+    auto const goes = [&](Entry const & other)
+    {
+        return other.symbol == entry.symbol || other.label == entry.label;
+    };
+    for (Entry const & other : entries)
+        if (goes(other))
+            replaced(other);
+
+    auto const place = std::find_if(entries.begin(), entries.end(), goes);
     if (place == entries.end())
-        entries.push_back(std::move(entry));
-    else
-        *place = std::move(entry);
+    {
+        entries.push_back(entry);
+        return;
+    }
+    entries.erase(std::remove_if(std::next(place), entries.end(), goes), entries.end());
+    *place = entry;
 }
 
 template <class Entry>
@@ -75,10 +87,10 @@ public:
                                  {row.distinguished.begin(), row.distinguished.end()},
                                  {},
                                  {row.references.begin(), row.references.end()},
-                                 {}});
+                                 std::string("built-in element '") + row.symbol + "'"});
         for (SetRow const & row : tables.sets)
         {
-            sets_.push_back({row.symbol, row.name, row.key, {}, {}});
+            sets_.push_back({row.symbol, row.name, row.key, {}, std::string("built-in set '") + row.symbol + "'"});
             for (AttributeRow const & attribute : row.attributes)
                 sets_.back().attributes.push_back(
                     {elements_[attribute.element].symbol, attribute.status, attribute.semantics});
@@ -89,10 +101,10 @@ public:
 
     void take(SchemaFile file)
     {
-        for (ElementEntry & element : file.elements)
-            addOrReplace(elements_, std::move(element));
-        for (SetEntry & set : file.sets)
-            addOrReplace(sets_, std::move(set));
+        for (ElementEntry const & element : file.elements)
+            addOrReplace(elements_, element, [&](ElementEntry const & old) { followInSets(old, element); });
+        for (SetEntry const & set : file.sets)
+            addOrReplace(sets_, set, [&](SetEntry const & old) { followInReferences(old, set); });
         for (auto & label : file.labels)
             labels_[label.first] = std::move(label.second);
     }
@@ -108,8 +120,30 @@ public:
     }
 
 private:
+    // Sets that hold the old element hold the new one from then on.
+    void followInSets(ElementEntry const & old, ElementEntry const & element)
+    {
+        for (SetEntry & set : sets_)
+            for (AttributeEntry & attribute : set.attributes)
+                if (attribute.element == old.symbol)
+                    attribute.element = element.symbol;
+    }
+
+    // Elements that refer to the old set refer to the new one from then on.
+    void followInReferences(SetEntry const & old, SetEntry const & set)
+    {
+        for (ElementEntry & element : elements_)
+        {
+            std::replace(element.referencedSets.begin(), element.referencedSets.end(), old.symbol, set.symbol);
+            for (LabelBytes & key : element.references)
+                if (key == old.label)
+                    key = set.label;
+        }
+    }
+
     void makeElementRows()
     {
+        checkTags();
         auto const sets = indexOf(sets_);
         elementRows_.clear();
         for (ElementEntry & element : elements_)
@@ -118,6 +152,21 @@ private:
             elementRows_.push_back({element.symbol.c_str(), element.name.c_str(), element.label, element.type,
                                     element.subType, element.minimum, element.maximum, element.tag,
                                     rowOf(element.distinguished), rowOf(element.references)});
+        }
+    }
+
+    // A tag that two elements had would mean the second in every file.
+    void checkTags() const
+    {
+        std::map<UInt16, std::string> owners;
+        for (ElementEntry const & element : elements_)
+        {
+            if (element.tag == 0)
+                continue;
+            auto const entered = owners.emplace(element.tag, element.symbol);
+            if (!entered.second)
+                throw SchemaError(element.place + ", field 'tag': belongs to element '" + entered.first->second +
+                                  "' too");
         }
     }
 
@@ -152,11 +201,14 @@ private:
                                                   std::map<std::string, std::size_t> const & elements)
     {
         std::vector<AttributeRow> rows;
+        std::set<std::string> symbols;
         for (AttributeEntry const & attribute : set.attributes)
         {
             auto const found = elements.find(attribute.element);
             if (found == elements.end())
                 throw SchemaError(set.place + ", field 'attributes': there is no element '" + attribute.element + "'");
+            if (!symbols.insert(attribute.element).second)
+                throw SchemaError(set.place + ", field 'attributes': has element '" + attribute.element + "' twice");
             rows.push_back({static_cast<UInt32>(found->second), attribute.status, attribute.semantics.c_str()});
         }
         return rows;

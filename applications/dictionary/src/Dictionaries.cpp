@@ -1,13 +1,12 @@
 #include "Schema/Dictionaries.h"
 
-#include "DataIO/Memory/MemoryDataSource.h"
-#include "KLV/Value.h"
+#include "DistinguishedValue.h"
 #include "MetaMetadata/MetaCollection.h"
 #include "MetaMetadata/MetaReferenceCollection.h"
 #include "MetaMetadata/MetaReferenceElement.h"
 #include "MetaMetadata/MetaSimpleElement.h"
 #include "Schema/Definition.h"
-#include "Types/Factories/BaseTypeFactory.h"
+#include "Types/BaseType.h"
 #include "Utils/Text.h"
 
 #include <vector>
@@ -112,13 +111,7 @@ private:
     {
         if (row.distinguished.count == 0)
             return Templates::auto_ptr<Types::BaseType const>();
-
-        Types::Factories::BaseTypeFactory & factory = Types::Factories::BaseTypeFactory::instance();
-        DataIO::Memory::MemoryDataSource source(row.distinguished.first, row.distinguished.count);
-        KLV::Value value(source, row.distinguished.count);
-        if (isCollection(row.type))
-            return factory.create(value, row.type, row.subType);
-        return factory.create(value, row.type);
+        return makeDistinguished(row.distinguished, row.type, row.subType);
     }
 
     struct Element

@@ -1,7 +1,9 @@
 #include "SchemaReader.h"
 
+#include "DistinguishedValue.h"
 #include "Exceptions/BaseException.h"
 #include "Schema/SchemaError.h"
+#include "Types/BaseType.h"
 #include "Utils/Text.h"
 
 #include <nlohmann/json.hpp>
@@ -194,6 +196,22 @@ void readReferences(Entry const & entry, ElementEntry & element)
     }
 }
 
+void readDistinguished(Entry const & entry, ElementEntry & element)
+{
+    if (!entry.has("distinguished"))
+        return;
+
+    element.distinguished = entry.bytes("distinguished");
+    try
+    {
+        makeDistinguished({element.distinguished.data(), element.distinguished.size()}, element.type, element.subType);
+    }
+    catch (Exceptions::BaseException const &)
+    {
+        entry.fail("distinguished", "is no value of the type in its wire form");
+    }
+}
+
 UInt16 tagOf(Entry const & entry)
 {
     if (!entry.has("tag"))
@@ -218,10 +236,9 @@ ElementEntry readElement(std::string const & symbol, Entry const & entry)
     element.minimum = entry.number("minimum", 0);
     element.maximum = entry.number("maximum", std::numeric_limits<UInt32>::max());
     element.tag = tagOf(entry);
-    if (entry.has("distinguished"))
-        element.distinguished = entry.bytes("distinguished");
     readReferences(entry, element);
     checkType(entry, element);
+    readDistinguished(entry, element);
     return element;
 }
 
