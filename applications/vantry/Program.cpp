@@ -110,6 +110,7 @@ ExitStatus Program::parseAndRun(int argumentCount, char const * const * argument
     CLI::App options("Reads, creates and modifies MXF files.", "vantry");
     options.set_version_flag("--version", "vantry " + narrow(Version::versionString()));
     options.get_formatter()->label("SUBCOMMAND", "COMMAND");
+    options.require_subcommand(0, 1); // files may have the name of a command
     options.footer("Example: " + std::string(commands_.front()->example()));
 
     CommonOptions common;

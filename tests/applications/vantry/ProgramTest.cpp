@@ -67,6 +67,7 @@ TEST(Program, EndsWithAStatusAndAtMostOneLine)
         {"dumb fill", 2, "vantry: there is no command or option dumb (see vantry --help)\n"},
         {"--json dump fill", 2, "vantry: The following argument was not expected: --json (see vantry dump --help)\n"},
         {"dump", 2, "vantry: FILE is required (see vantry dump --help)\n"},
+        {"dump fill dump", 2, "vantry: The following argument was not expected: dump (see vantry dump --help)\n"},
         {"dump fill fill", 2, "vantry: The following argument was not expected: fill (see vantry dump --help)\n"},
         {"dump --force fill", 2, "vantry: The following argument was not expected: --force (see vantry dump --help)\n"},
         {"dump long-run-in", 3, "vantry: long-run-in: 65536 bytes at offset 0 are no packet\n"},
