@@ -1,0 +1,44 @@
+#include "Metadata/Listeners/GatheredChanges.h"
+
+#include "Metadata/MetadataSet.h"
+#include "Metadata/PartitionMetadata.h"
+
+#include <algorithm>
+
+namespace Vantry { namespace Metadata { namespace Listeners {
+
+void GatheredChanges::created(MetadataSet & set)
+{
+    if (hears(set))
+        createdSets_.insert(&set);
+}
+
+void GatheredChanges::modified(MetadataSet & set)
+{
+    if (hears(set))
+        modifiedSets_.insert(&set);
+}
+
+bool GatheredChanges::hears(MetadataSet const & set)
+{
+    auto * const owner = dynamic_cast<PartitionMetadata *>(set.owner());
+    if (owner == nullptr)
+        return false;
+    if (metadata_ == nullptr)
+        metadata_ = owner;
+    return !committing_;
+}
+
+Templates::vector<MetadataSet *> GatheredChanges::present(Sets const & sets) const
+{
+    Templates::vector<MetadataSet *> found;
+    if (sets.empty())
+        return found;
+    for (auto const & entry : *metadata_)
+        if (sets.count(entry.second) != 0)
+            found.push_back(entry.second);
+    std::sort(found.begin(), found.end());
+    return found;
+}
+
+}}}
