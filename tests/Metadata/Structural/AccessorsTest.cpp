@@ -335,12 +335,19 @@ TEST(StructuralAccessors, FollowIdentifiersOfPackagesAndTracks)
     EXPECT_EQ(clip.sourceTrack(), nullptr);
 }
 
-class AnyVisitor : public Metadata::Visitors::NonConstMetadataSetVisitor
+// Visitors that know nothing of these classes.
+struct AnyVisitor : Metadata::Visitors::NonConstMetadataSetVisitor
 {
-public:
     void visit(MetadataSet & set) override { visited = &set; }
 
     MetadataSet * visited = nullptr;
+};
+
+struct AnyConstVisitor : Metadata::Visitors::MetadataSetVisitor
+{
+    void visit(MetadataSet const & set) override { visited = &set; }
+
+    MetadataSet const * visited = nullptr;
 };
 
 template <class Set>
@@ -362,6 +369,9 @@ void checkClass(StructuralMetadata & metadata, KLV::Key const & key)
     AnyVisitor any;
     set.accept(any);
     EXPECT_EQ(any.visited, &set);
+    AnyConstVisitor anyConst;
+    static_cast<MetadataSet const &>(set).accept(anyConst);
+    EXPECT_EQ(anyConst.visited, &set);
 }
 
 TEST(StructuralClasses, SetsAreOfTheClassOfTheirKey)
