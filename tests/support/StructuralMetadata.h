@@ -113,10 +113,10 @@ public:
     {
         for (KLV::Key const & key : structuralKeys())
         {
-            Metadata::MetadataSet * const made = metadata_->createMetadataSet(key);
-            if (Set * const set = dynamic_cast<Set *>(made))
+            Metadata::MetadataSet & made = *metadata_->createMetadataSet(key);
+            if (Set * const set = dynamic_cast<Set *>(&made))
                 return *set;
-            metadata_->removeMetadataSet(Types::UUID(*made->instanceUID()));
+            metadata_->removeMetadataSet(Types::UUID(*made.instanceUID()));
         }
         throw std::logic_error("no set of this class");
     }

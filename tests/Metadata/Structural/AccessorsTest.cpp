@@ -183,6 +183,7 @@ struct Row
     std::function<void(StructuralMetadata &)> check;
 };
 
+// NOLINTBEGIN(bugprone-macro-parentheses): names and types stand without
 #define ROW(Class, name, ...)                             \
     {#Class "::" #name, [](StructuralMetadata & metadata) \
      {                                                    \
@@ -255,6 +256,7 @@ struct Row
 #define SEGMENT_TRACKS(Type, label) \
     VALUES_ROW(DMSegment, tracks, Tracks, tracks, Type, label, false, APPEND(DMSegment, Track, Types::Type const &))
 #define GENERATION(Type, label) ROW(TrackableMetadataSet, generation, checkGeneration(metadata, label))
+// NOLINTEND(bugprone-macro-parentheses)
 
 void checkGeneration(StructuralMetadata & metadata, char const * label)
 {

@@ -365,8 +365,8 @@ TEST_F(StructuralHelpers, HangAClipFrameworkOnATrack)
 
     MetadataSet & framework = *createClipFramework(*metadata, &description, "de", ClipKindGraphic);
     EXPECT_EQ(framework.key(), DMS1MetadataKeys::clipFramework());
-    EXPECT_EQ(textOf(framework, DMS1MetadataULs::frameworkExtendedTextLanguageCode()), std::string("de", 3));
-    EXPECT_EQ(textOf(framework, DMS1MetadataULs::clipKind()), std::string("\0G\0r\0a\0p\0h\0i\0c\0", 16));
+    EXPECT_EQ(textOf(framework, DMS1MetadataULs::frameworkExtendedTextLanguageCode()), std::string("de\0", 3));
+    EXPECT_EQ(textOf(framework, DMS1MetadataULs::clipKind()), std::string("\0G\0r\0a\0p\0h\0i\0c\0\0", 16));
 
     auto & segment = dynamic_cast<DMSegment &>(*description.sequence()->structuralComponent(0));
     EXPECT_EQ(segment.dmFramework(), &framework);

@@ -44,11 +44,13 @@
 
 namespace Vantry { namespace Metadata { namespace Structural { namespace Visitors {
 
+// NOLINTBEGIN(bugprone-macro-parentheses): types stand without
 #define VANTRY_DELEGATE(Class, Base)                            \
     void NonConstDelegateMetadataSetVisitor::visit(Class & set) \
     {                                                           \
         visit(static_cast<Base &>(set));                        \
     }
+// NOLINTEND(bugprone-macro-parentheses)
 
 void NonConstDelegateMetadataSetVisitor::visit(MetadataSet &) {}
 
