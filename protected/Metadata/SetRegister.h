@@ -25,9 +25,9 @@ public:
     void add(Templates::auto_ptr<MetadataSet> set);
 
     /// Gives a set up; null when it isn't here.
-    Templates::auto_ptr<MetadataSet> remove(MetadataSet & set) noexcept;
+    Templates::auto_ptr<MetadataSet> remove(MetadataSet & set);
 
-    bool has(MetadataSet const & set) const { return places_.count(&set) != 0; }
+    bool has(MetadataSet const & set) const { return places().count(&set) != 0; }
 
     /// Whether one set stands ahead of another; both are here.
     bool isAhead(MetadataSet const & left, MetadataSet const & right) const;
@@ -37,17 +37,27 @@ public:
 private:
     struct Place
     {
-        Sets::iterator entry;
+        Sets::const_iterator entry;
         // Counts up with each set that comes.
         UInt64 number;
     };
     using Places = std::unordered_map<MetadataSet const *, Place, std::hash<MetadataSet const *>, std::equal_to<>,
                                       Platform::Allocator<std::pair<MetadataSet const * const, Place>>>;
+    using Ends = Templates::map<KLV::Key, Sets::const_iterator>;
+
+    Places const & places() const;
 
     Sets sets_;
-    // A key may have any number of sets, and one of them is to be found.
-    Places places_;
-    UInt64 lastNumber_ = 0;
+
+    // The last set of each key. There are few keys, and the next set mostly
+    // has one of them.
+    Ends lastOfKey_;
+
+    // Where a set is among any number with its key. That is asked when sets
+    // go, and made then for those that were there.
+    mutable Places places_;
+    mutable UInt64 lastNumber_ = 0;
+    mutable bool placesKnown_ = false;
 };
 
 }}

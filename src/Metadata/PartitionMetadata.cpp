@@ -27,14 +27,11 @@
 
 #include <algorithm>
 #include <functional>
-#include <set>
 #include <utility>
 
 namespace Vantry { namespace Metadata {
 
 namespace {
-
-using KnownSets = std::set<MetadataSet const *, std::less<>, Platform::Allocator<MetadataSet const *>>;
 
 ListenerTable::Index defaultIndex()
 {
@@ -442,10 +439,11 @@ unsigned int PartitionMetadata::calculateSerializationOrder(Templates::vector<Me
     InstanceUIDs visited;
     getChildStrongReferencesRecursive(*this, *preface->second, order, visited, withInvalid, depthFirst);
 
-    KnownSets const inTree(order.begin(), order.end());
+    SetOrder::Sets inTree(order);
+    std::sort(inTree.begin(), inTree.end(), std::less<>());
     std::size_t const treeSize = order.size();
     for (auto const & entry : impl_->sets())
-        if (inTree.count(entry.second) == 0)
+        if (!std::binary_search(inTree.begin(), inTree.end(), entry.second, std::less<>()))
             order.push_back(entry.second);
     return static_cast<unsigned int>(order.size() - treeSize);
 }

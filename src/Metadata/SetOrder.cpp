@@ -9,6 +9,8 @@
 #include "Metadata/PartitionMetadata.h"
 #include "Metadata/PartitionMetadataUtils.h"
 
+#include <algorithm>
+
 namespace Vantry { namespace Metadata { namespace SetOrder {
 
 namespace {
@@ -29,6 +31,22 @@ MetadataSet const & onlyPreface(PartitionMetadata const & metadata)
     if (prefaces.size() > 1)
         VANTRY_FAIL(InvalidStructure, "More than one Preface found in PartitionMetadata");
     return *prefaces.front();
+}
+
+// Names the first set whose identifier is another one's.
+[[noreturn]] void failRepeated(PartitionMetadata const & metadata)
+{
+    InstanceUIDs seen;
+    auto const repeated = std::find_if(metadata.begin(), metadata.end(),
+                                       [&](auto const & entry)
+                                       {
+                                           Types::UUID const * const instanceUID = entry.second->instanceUID();
+                                           return instanceUID != nullptr && !seen.insert(*instanceUID).second;
+                                       });
+    VANTRY_FAIL(InvalidFormat, Platform::stringToWstring("The ") + repeated->first.toString(DOTTED) +
+                                   Platform::stringToWstring(" metadataSet has an instance UID, ") +
+                                   repeated->second->instanceUID()->toString(DOTTED) +
+                                   Platform::stringToWstring(", already defined!"));
 }
 
 }
@@ -68,16 +86,13 @@ Sets reversed(Sets const & forward, bool experimentalFirst)
 
 void checkInstanceUIDs(PartitionMetadata const & metadata)
 {
-    InstanceUIDs seen;
+    Templates::vector<Types::UUID> sorted;
     for (auto const & entry : metadata)
-    {
-        Types::UUID const * const instanceUID = entry.second->instanceUID();
-        if (instanceUID != nullptr && !seen.insert(*instanceUID).second)
-            VANTRY_FAIL(InvalidFormat, Platform::stringToWstring("The ") + entry.first.toString(DOTTED) +
-                                           Platform::stringToWstring(" metadataSet has an instance UID, ") +
-                                           instanceUID->toString(DOTTED) +
-                                           Platform::stringToWstring(", already defined!"));
-    }
+        if (Types::UUID const * const instanceUID = entry.second->instanceUID())
+            sorted.push_back(*instanceUID);
+    std::sort(sorted.begin(), sorted.end());
+    if (std::adjacent_find(sorted.begin(), sorted.end()) != sorted.end())
+        failRepeated(metadata);
 }
 
 }}}
