@@ -135,6 +135,7 @@ void writePartition(benchmark::State & state)
 }
 BENCHMARK(writePartition)->Arg(1000)->Arg(10000)->Arg(100000);
 
+// A look-up in a tree; beyond some ten thousand sets it leaves the cache.
 void findByInstanceUID(benchmark::State & state)
 {
     Written const written(static_cast<unsigned int>(state.range(0)));
@@ -149,7 +150,8 @@ void findByInstanceUID(benchmark::State & state)
         benchmark::DoNotOptimize(metadata->find(Metadata::MetadataULs::instanceUID(), identifiers[next]));
         next = (next + 7919) % identifiers.size();
     }
-    state.SetLabel("at most 1000 ns");
+    if (state.range(0) <= 10000)
+        state.SetLabel("at most 1000 ns");
 }
 BENCHMARK(findByInstanceUID)->Arg(1000)->Arg(10000)->Arg(100000);
 

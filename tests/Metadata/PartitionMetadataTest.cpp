@@ -154,6 +154,27 @@ TEST(PartitionMetadata, CreatesAndRemovesSets)
     EXPECT_EQ(partition.metadata.size(), 2U);
 }
 
+TEST(PartitionMetadata, KeepsItsOrderAsSetsComeAndGo)
+{
+    Partition partition;
+    for (unsigned int number : {1, 2, 3})
+        partition.node(number);
+    auto const replace = [&](unsigned int gone, unsigned int added)
+    {
+        partition.metadata.removeMetadataSet(numberedUUID(gone));
+        partition.node(added);
+        return numbersOf(all(partition.metadata));
+    };
+
+    EXPECT_THAT(replace(3, 4), ElementsAre(1, 2, 4));
+    EXPECT_THAT(replace(1, 5), ElementsAre(2, 4, 5));
+    partition.preface(6);
+    EXPECT_THAT(replace(5, 7), ElementsAre(6, 2, 4, 7));
+    for (unsigned int gone : {7, 4, 2})
+        partition.metadata.removeMetadataSet(numberedUUID(gone));
+    EXPECT_THAT(replace(6, 8), ElementsAre(8));
+}
+
 // A Preface that owns a ContentStorage, which owns sets of all kinds.
 class PartitionMetadataOrders : public testing::Test
 {
