@@ -87,10 +87,10 @@ public:
                                  {row.distinguished.begin(), row.distinguished.end()},
                                  {},
                                  {row.references.begin(), row.references.end()},
-                                 std::string("built-in element '") + row.symbol + "'"});
+                                 {}});
         for (SetRow const & row : tables.sets)
         {
-            sets_.push_back({row.symbol, row.name, row.key, {}, std::string("built-in set '") + row.symbol + "'"});
+            sets_.push_back({row.symbol, row.name, row.key, {}, {}});
             for (AttributeRow const & attribute : row.attributes)
                 sets_.back().attributes.push_back(
                     {elements_[attribute.element].symbol, attribute.status, attribute.semantics});
@@ -99,8 +99,9 @@ public:
             labels_[row.label] = row.name;
     }
 
-    void take(SchemaFile file)
+    void take(SchemaFile file, std::string const & source)
     {
+        lastSource_ = source;
         for (ElementEntry const & element : file.elements)
             addOrReplace(elements_, element, [&](ElementEntry const & old) { followInSets(old, element); });
         for (SetEntry const & set : file.sets)
@@ -155,6 +156,13 @@ private:
         }
     }
 
+    // What is wrong with a built-in entry came with a file.
+    template <class Entry>
+    std::string placeOf(Entry const & entry, char const * kind) const
+    {
+        return entry.place.empty() ? lastSource_ + ": built-in " + kind + " '" + entry.symbol + "'" : entry.place;
+    }
+
     // A tag that two elements had would mean the second in every file.
     void checkTags() const
     {
@@ -165,8 +173,8 @@ private:
                 continue;
             auto const entered = owners.emplace(element.tag, element.symbol);
             if (!entered.second)
-                throw SchemaError(element.place + ", field 'tag': belongs to element '" + entered.first->second +
-                                  "' too");
+                throw SchemaError(placeOf(element, "element") + ", field 'tag': belongs to element '" +
+                                  entered.first->second + "' too");
         }
     }
 
@@ -197,8 +205,8 @@ private:
         }
     }
 
-    static std::vector<AttributeRow> attributesOf(SetEntry const & set,
-                                                  std::map<std::string, std::size_t> const & elements)
+    std::vector<AttributeRow> attributesOf(SetEntry const & set,
+                                           std::map<std::string, std::size_t> const & elements) const
     {
         std::vector<AttributeRow> rows;
         std::set<std::string> symbols;
@@ -206,9 +214,11 @@ private:
         {
             auto const found = elements.find(attribute.element);
             if (found == elements.end())
-                throw SchemaError(set.place + ", field 'attributes': there is no element '" + attribute.element + "'");
+                throw SchemaError(placeOf(set, "set") + ", field 'attributes': there is no element '" +
+                                  attribute.element + "'");
             if (!symbols.insert(attribute.element).second)
-                throw SchemaError(set.place + ", field 'attributes': has element '" + attribute.element + "' twice");
+                throw SchemaError(placeOf(set, "set") + ", field 'attributes': has element '" + attribute.element +
+                                  "' twice");
             rows.push_back({static_cast<UInt32>(found->second), attribute.status, attribute.semantics.c_str()});
         }
         return rows;
@@ -217,6 +227,7 @@ private:
     std::vector<ElementEntry> elements_;
     std::vector<SetEntry> sets_;
     std::map<LabelBytes, std::string, LabelOrder> labels_;
+    std::string lastSource_;
 
     std::vector<ElementRow> elementRows_;
     std::vector<std::vector<AttributeRow>> attributeRows_;
@@ -244,7 +255,7 @@ void Definition::addFile(std::string const & path)
 
 void Definition::addText(std::string const & text, std::string const & source)
 {
-    impl_->take(readSchema(text, source));
+    impl_->take(readSchema(text, source), source);
 }
 
 Tables Definition::tables()

@@ -184,7 +184,7 @@ TEST(Schema, NamesFileEntryAndFieldOfAFault)
          "f: element 'e', field 'distinguished': is no value of the type in its wire form"},
         {R"({"elements": {"instanceUID": {"label": "06.0e.2b.34.01.01.01.02.05.20.07.01.08.00.00.00",
              "type": "UUID"}}})",
-         "built-in set 'sequence', field 'attributes': has element 'instanceUID' twice"},
+         "f: built-in set 'sequence', field 'attributes': has element 'instanceUID' twice"},
         {R"({"sets": {"s": {"key": "00000000000000000000000000000000", "attributes": {"instanceUID": "Maybe"}}}})",
          "f: set 's', attribute 'instanceUID', field 'status': 'Maybe' is none of Req, E/req, D/req, B.Effort and "
          "Opt"},
