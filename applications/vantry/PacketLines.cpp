@@ -4,6 +4,7 @@
 #include "KeyName.h"
 #include "PackFacts.h"
 
+#include <algorithm>
 #include <fmt/compile.h>
 #include <iterator>
 #include <string_view>
@@ -39,11 +40,16 @@ private:
     char text_[3 * BYTES];
 };
 
+bool isControl(char c)
+{
+    return static_cast<unsigned char>(c) < 0x20;
+}
+
 // Names may come from a user's schema and hold anything.
 void appendEscaped(fmt::memory_buffer & text, std::string_view name)
 {
     for (char c : name)
-        if (static_cast<unsigned char>(c) < 0x20)
+        if (isControl(c))
             fmt::format_to(std::back_inserter(text), "\\u{:04x}", +c);
         else
         {
@@ -60,7 +66,9 @@ void PlainPacketLines::packet(fmt::memory_buffer & text, KLV::Packet const & pac
 {
     fmt::format_to(std::back_inserter(text), FMT_COMPILE("{:>12}  {}  {:>12}  "), packet.keyAbsoluteOffset(),
                    std::string_view(KeyText(packet.key())), packet.length());
+    std::size_t const name = text.size();
     appendKeyName(text, packet.key(), sets_);
+    std::replace_if(text.begin() + name, text.end(), isControl, ' '); // one line
     if (facts != nullptr)
         facts->appendPlain(text);
     text.append(std::string_view(cut ? ", cut\n" : "\n"));

@@ -11,7 +11,7 @@ int const REGISTRY_VERSION_BYTE = 7;
 SetNames::SetNames(Schema::Tables const & tables)
 {
     for (Schema::SetRow const & set : tables.sets)
-        names_.emplace(withoutVersion(KLV::Key(set.key.bytes)), set.name);
+        names_[withoutVersion(KLV::Key(set.key.bytes))] = set.name; // a user's sets come last
 }
 
 std::string const * SetNames::find(KLV::Key const & key) const

@@ -31,10 +31,10 @@ TEST(Program, EndsWithAStatusAndAtMostOneLine)
     scratch.write("bad-length", FILL.first(16) + hex("80") + FILL);
     scratch.write("no-packet", repeated(100, 7));
     scratch.write("empty", {});
-    scratch.write("schema", text(R"({"sets": {"mine": {"name": "My \"Set\"", "attributes": {},
-        "key": "06.0e.2b.34.02.53.01.01.0f.00.00.00.00.00.00.01"}}})"));
+    scratch.write("schema", text(R"({"sets": {"mine": {"name": "My\n\"Set\"", "attributes": {},
+        "key": "06.0e.2b.34.02.53.01.02.0d.01.01.01.01.01.2f.00"}}})"));
     scratch.write("bad-schema", text(R"({"sets": {"mine": {"key": "06"}}})"));
-    scratch.write("my-set", hex("06 0E 2B 34 02 53 01 01 0F 00 00 00 00 00 00 01 00"));
+    scratch.write("my-set", hex("06 0E 2B 34 02 53 01 02 0D 01 01 01 01 01 2F 00 00"));
     std::filesystem::create_directory(scratch.path() / "folder");
     ASSERT_EQ(mkfifo((scratch.path() / "pipe").c_str(), 0600), 0);
 
@@ -48,7 +48,8 @@ TEST(Program, EndsWithAStatusAndAtMostOneLine)
     Case const CASES[] = {
         {"dump fill", 0, ""},
         {"dump --json --quiet --dictionary schema -- fill", 0, ""},
-        {R"(dump --json --dictionary schema my-set | grep -qF '"name": "My \"Set\""')", 0, ""},
+        {R"(dump --json --dictionary schema my-set | grep -qF '"name": "My\u000a\"Set\""')", 0, ""},
+        {R"(dump --dictionary schema my-set | grep -qF 'My "Set"')", 0, ""},
         {"dump - < fill", 0, ""},
         {"dump pipe & cat fill > pipe; wait $!", 0, ""},
         {"dump run-in", 0, ""},
