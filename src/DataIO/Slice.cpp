@@ -32,7 +32,7 @@ private:
 union EverLasting
 {
     constexpr EverLasting() : block() {}
-    ~EverLasting() {} // NOLINT(modernize-use-equals-default): deleted if it were
+    ~EverLasting() {}
 
     EmptyBlock block;
 };
