@@ -1,0 +1,7 @@
+#include "IndexTables/IndexTableSegmentEntry.h"
+
+namespace Vantry { namespace IndexTables {
+
+IndexTableSegmentEntry::~IndexTableSegmentEntry() = default;
+
+}}

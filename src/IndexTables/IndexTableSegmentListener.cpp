@@ -1,0 +1,7 @@
+#include "IndexTables/IndexTableSegmentListener.h"
+
+namespace Vantry { namespace IndexTables {
+
+IndexTableSegmentListener::~IndexTableSegmentListener() = default;
+
+}}
