@@ -11,6 +11,7 @@
 #include "Metadata/Structural/SourcePackage.h"
 #include "Metadata/Structural/StructuralMetadataULs.h"
 #include "Metadata/Structural/TimelineTrack.h"
+#include "Types/StrongReference.h"
 #include "support/BytesPacket.h"
 #include "support/Failure.h"
 #include "support/SetOwner.h"
@@ -170,7 +171,9 @@ TEST_F(Commit, OfTheDateEndsInACircle)
 {
     auto const listener = listen<Listeners::LastModifiedDateUpdaterListener>();
     source.addTrack(0, &track);
-    elementOf<ReferenceElement>(track, StructuralMetadataULs::contentStorage()).set(&storage);
+    elementOf<ReferenceElement>(track, StructuralMetadataULs::sequence())
+        .setUnverifiedReference(
+            Templates::auto_ptr<Types::Reference>(new Types::StrongReference(*storage.instanceUID())));
     listener->commit();
     EXPECT_NE(source.packageModifiedDate(), nullptr);
     EXPECT_NE(material.packageModifiedDate(), nullptr);

@@ -2,13 +2,6 @@
 
 #include "KLV/Key.h"
 #include "MetaMetadata/Dictionary.h"
-#include "MetaMetadata/MetaAttribute.h"
-#include "MetaMetadata/MetaCollection.h"
-#include "MetaMetadata/MetaReferenceCollection.h"
-#include "MetaMetadata/MetaReferenceElement.h"
-#include "MetaMetadata/MetaSimpleElement.h"
-#include "Metadata/DMS1/DMS1MetadataKeys.h"
-#include "Metadata/DMS1/DMS1MetadataULs.h"
 #include "Metadata/MetadataSet.h"
 #include "Metadata/MetadataULs.h"
 #include "Metadata/PartitionDictionary.h"
@@ -16,7 +9,7 @@
 #include "Metadata/Structural/StructuralMetadataKeyList.h"
 #include "Metadata/Structural/StructuralMetadataKeys.h"
 #include "Packs/PrimerPack.h"
-#include "Platform/Text.h"
+#include "Schema/Dictionaries.h"
 #include "Types/Boolean.h"
 #include "Types/DataStream.h"
 #include "Types/DataValue.h"
@@ -42,12 +35,13 @@
 #include "Types/UUID.h"
 #include "Types/UniversalLabel.h"
 #include "Types/VersionType.h"
-#include "Types/Visitors/GetIdentifierVisitor.h"
 #include "support/Bytes.h"
 #include "support/Values.h"
 
+#include <list>
 #include <numeric>
 #include <stdexcept>
+#include <typeinfo>
 #include <vector>
 
 namespace Vantry { namespace Tests {
@@ -82,26 +76,45 @@ inline Templates::vector<KLV::Key> structuralKeys()
 #undef VANTRY_KEY
 }
 
-/// A partition with a dictionary in which each kind of structural set has each
-/// attribute that any has, all of them optional. So what goes to a wrong
-/// attribute goes through, and is seen.
+/// A dictionary of the built-in schema in which all attributes are optional,
+/// and one is in no set.
+inline Templates::SharedPtr<MetaMetadata::Dictionary> lenientDictionary(Types::UniversalLabel const & without)
+{
+    using namespace ::Vantry::Schema;
+    Tables tables = builtInTables();
+    std::vector<SetRow> sets(tables.sets.begin(), tables.sets.end());
+    std::list<std::vector<AttributeRow>> kept;
+    for (SetRow & set : sets)
+    {
+        std::vector<AttributeRow> & attributes = kept.emplace_back();
+        for (AttributeRow const & row : set.attributes)
+            if (without != Types::UniversalLabel(tables.elements.first[row.element].label.bytes))
+                attributes.push_back({row.element, MetaMetadata::AttributeRequiredStatus::Opt, row.semantics});
+        set.attributes = {attributes.data(), attributes.size()};
+    }
+    tables.sets = {sets.data(), sets.size()};
+    return makeDictionary(tables);
+}
+
+/// A partition of structural metadata.
 class StructuralMetadata
 {
 public:
-    /// \param without  an attribute that no set has
-    explicit StructuralMetadata(Types::UniversalLabel const & without = Metadata::MetadataULs::null())
+    using Dictionary = Templates::SharedPtr<MetaMetadata::Dictionary>;
+
+    /// By the built-in schema.
+    StructuralMetadata() : StructuralMetadata(::Vantry::Schema::builtInDictionary()) {}
+
+    /// By a schema in which all is optional, and one attribute isn't there.
+    explicit StructuralMetadata(Types::UniversalLabel const & without) : StructuralMetadata(lenientDictionary(without))
     {
-        namespace Id = Types::Identifiers;
-        add(Metadata::MetadataULs::instanceUID(), Id::UUID);
-        addAttributes();
+    }
 
-        for (KLV::Key const & key : structuralKeys())
-            addSet(key, labels_, without);
-        addDMS1(without);
-
-        metadata_.reset(new Metadata::PartitionMetadata(
+    explicit StructuralMetadata(Dictionary const & dictionary) :
+        metadata_(new Metadata::PartitionMetadata(
             Templates::auto_ptr<Metadata::PartitionDictionary>(new Metadata::PartitionDictionary(
-                dictionary_, Templates::auto_ptr<Packs::PrimerPack>(new Packs::PrimerPack)))));
+                dictionary, Templates::auto_ptr<Packs::PrimerPack>(new Packs::PrimerPack)))))
+    {
     }
 
     Metadata::PartitionMetadata & operator*() { return *metadata_; }
@@ -111,108 +124,19 @@ public:
     template <class Set>
     Set & make()
     {
-        for (KLV::Key const & key : structuralKeys())
-        {
-            Metadata::MetadataSet & made = *metadata_->createMetadataSet(key);
-            if (Set * const set = dynamic_cast<Set *>(&made))
-                return *set;
-            metadata_->removeMetadataSet(Types::UUID(*made.instanceUID()));
-        }
+        for (bool const derived : {false, true})
+            for (KLV::Key const & key : structuralKeys())
+            {
+                Metadata::MetadataSet & made = *metadata_->createMetadataSet(key);
+                Set * const set = dynamic_cast<Set *>(&made);
+                if (set != nullptr && (derived || typeid(made) == typeid(Set)))
+                    return *set;
+                metadata_->removeMetadataSet(Types::UUID(*made.instanceUID()));
+            }
         throw std::logic_error("no set of this class");
     }
 
-    template <class Set>
-    Set & make(KLV::Key const & key)
-    {
-        return dynamic_cast<Set &>(*metadata_->createMetadataSet(key));
-    }
-
 private:
-    void addAttributes()
-    {
-        namespace Id = Types::Identifiers;
-#define VALUE(Class, name, Type, label) add(attributeLabel(label), identifierOf<Types::Type>());
-#define ARRAY(Class, name, Name, names, Type, label) add(attributeLabel(label), Id::Array, identifierOf<Types::Type>());
-#define BATCH(Class, name, Name, names, Type, label) add(attributeLabel(label), Id::Batch, identifierOf<Types::Type>());
-#define REFERENCE(Class, name, Target, label) add(attributeLabel(label), Id::StrongReference);
-#define REFERENCE_ARRAY(Class, name, Name, names, Target, label) \
-    add(attributeLabel(label), Id::Array, Id::StrongReference);
-#define REFERENCE_BATCH(Class, name, Name, names, Target, label) \
-    add(attributeLabel(label), Id::Batch, Id::StrongReference);
-#define GENERATION(Type, label) add(attributeLabel(label), identifierOf<Types::Type>());
-#define SOURCE_TRACK(Type, label) add(attributeLabel(label), identifierOf<Types::Type>());
-#define SEGMENT_TRACKS(Type, label) add(attributeLabel(label), Id::Batch, identifierOf<Types::Type>());
-#include "Metadata/Structural/AttributeRows.h"
-#undef VALUE
-#undef ARRAY
-#undef BATCH
-#undef REFERENCE
-#undef REFERENCE_ARRAY
-#undef REFERENCE_BATCH
-#undef GENERATION
-#undef SOURCE_TRACK
-#undef SEGMENT_TRACKS
-    }
-
-    void addDMS1(Types::UniversalLabel const & without)
-    {
-        using namespace Metadata::DMS1;
-        Types::UniversalLabel const & language = DMS1MetadataULs::frameworkExtendedTextLanguageCode();
-        Types::UniversalLabel const & kind = DMS1MetadataULs::clipKind();
-        add(language, Types::Identifiers::ISO7bitCharString);
-        add(kind, Types::Identifiers::UTF16CharString);
-        addSet(DMS1MetadataKeys::clipFramework(), {Metadata::MetadataULs::instanceUID(), language, kind}, without);
-    }
-
-    template <class Type>
-    static Types::Identifiers::Identifier identifierOf()
-    {
-        Types::Visitors::GetIdentifierVisitor visitor;
-        sample<Type>().accept(visitor);
-        return visitor.identifier();
-    }
-
-    void add(Types::UniversalLabel const & label, Types::Identifiers::Identifier type,
-             Types::Identifiers::Identifier subType = Types::Identifiers::Unknown)
-    {
-        using namespace MetaMetadata;
-        if (dictionary_->findMetaElement(label) != nullptr)
-            return;
-
-        Templates::vector<KLV::Key> allowed = structuralKeys();
-        allowed.push_back(Metadata::DMS1::DMS1MetadataKeys::clipFramework());
-        MetaCollectionElement::CollectionSizeLimits const limits;
-        Templates::auto_ptr<MetaElement> element;
-        if (subType == Types::Identifiers::StrongReference)
-            element.reset(new MetaReferenceCollection(label, limits, allowed, type, subType));
-        else if (subType != Types::Identifiers::Unknown)
-            element.reset(new MetaCollection(label, limits, type, subType));
-        else if (type == Types::Identifiers::StrongReference)
-            element.reset(new MetaReferenceElement(label, allowed, type));
-        else
-            element.reset(new MetaSimpleElement(label, type));
-        dictionary_->add(label, element);
-        labels_.push_back(label);
-    }
-
-    void addSet(KLV::Key const & key, std::vector<Types::UniversalLabel> const & labels,
-                Types::UniversalLabel const & without)
-    {
-        MetaMetadata::MetaMetadataSet set(key);
-        for (Types::UniversalLabel const & label : labels)
-            if (label != without)
-            {
-                Templates::SharedPtr<MetaMetadata::MetaAttribute> const attribute(new MetaMetadata::MetaAttribute(
-                    *dictionary_->findMetaElement(label), MetaMetadata::AttributeRequiredStatus::Opt,
-                    Templates::auto_ptr<Types::BaseType const>(), nullptr));
-                attribute->addProperty(Platform::stringToWstring("RequiresSemanticsValidation"), Templates::wstring());
-                set.addMetaAttribute(attribute);
-            }
-        dictionary_->add(key, set);
-    }
-
-    Templates::SharedPtr<MetaMetadata::Dictionary> dictionary_{new MetaMetadata::Dictionary};
-    std::vector<Types::UniversalLabel> labels_;
     Templates::auto_ptr<Metadata::PartitionMetadata> metadata_;
 };
 

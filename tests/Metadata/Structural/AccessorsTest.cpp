@@ -1,5 +1,7 @@
 #include "DataIO/DataSink.h"
+#include "Exceptions/InvalidChange.h"
 #include "Exceptions/NotFound.h"
+#include "MetaMetadata/MetaAttribute.h"
 #include "Metadata/Element.h"
 #include "Metadata/Structural/AES3AudioEssenceDescriptor.h"
 #include "Metadata/Structural/ANCPacketsDescriptor.h"
@@ -89,6 +91,13 @@ void expectSample(Type const * value, unsigned char first)
     EXPECT_EQ(wire(*value), countedBytes(first).first(value->serializedSize()));
 }
 
+bool isRequired(MetadataSet const & set, char const * label)
+{
+    auto const attribute = set.find(attributeLabel(label)).metaAttribute();
+    return attribute.dynamicCast<MetaMetadata::MetaAttribute const>()->requiredStatus() ==
+           MetaMetadata::AttributeRequiredStatus::Req;
+}
+
 template <class Class, class Type>
 void checkValue(StructuralMetadata & metadata, char const * label, Type const * (*get)(Class const &),
                 void (*set)(Class &, Type const *))
@@ -101,6 +110,11 @@ void checkValue(StructuralMetadata & metadata, char const * label, Type const * 
     EXPECT_EQ(only(*metadata, owner, label), countedBytes(1).first(value.serializedSize()));
     expectSample(get(owner), 1);
 
+    if (isRequired(owner, label))
+    {
+        EXPECT_THROW(set(owner, nullptr), Exceptions::InvalidChange);
+        return;
+    }
     set(owner, nullptr);
     EXPECT_EQ(only(*metadata, owner, label), Bytes());
     EXPECT_EQ(get(owner), nullptr);

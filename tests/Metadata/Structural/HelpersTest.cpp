@@ -2,6 +2,8 @@
 #include "Exceptions/InvalidFormat.h"
 #include "Exceptions/NotFound.h"
 #include "Metadata/DMS1/ClipFramework.h"
+#include "Metadata/DMS1/DMS1MetadataKeys.h"
+#include "Metadata/DMS1/DMS1MetadataULs.h"
 #include "Metadata/Listeners/NullMetadataListener.h"
 #include "Metadata/SimpleElement.h"
 #include "Metadata/Structural/CDCIEssenceDescriptor.h"
@@ -187,8 +189,10 @@ TEST_F(StructuralHelpers, BoundTracksInSeconds)
     EXPECT_FALSE(trackBoundsInSeconds(&track(picture, {0, 1}, 1, 1), start, end));
     EXPECT_FALSE(trackBoundsInSeconds(&track(picture, {25, 1}, MOST, 1), start, end)) << "a sum beyond 64 bits";
     EXPECT_FALSE(trackBoundsInSeconds(&track(picture, {1, 3}, 0, MOST), start, end)) << "a product beyond 64 bits";
-    TimelineTrack & noOrigin = track(picture, {25, 1}, 0, 1);
-    noOrigin.origin(nullptr);
+    TimelineTrack & noOrigin = metadata.make<TimelineTrack>();
+    Types::Rational const rate(25, 1);
+    noOrigin.editRate(&rate);
+    noOrigin.sequence(track(picture, rate, 0, 1).sequence());
     EXPECT_FALSE(trackBoundsInSeconds(&noOrigin, start, end));
 }
 
@@ -251,11 +255,11 @@ TEST_F(StructuralHelpers, DropFrameNeedsATimecodeComponent)
     (*metadata).removeMetadataSet(Types::UUID(*clip.instanceUID()));
     EXPECT_FAILURE(InvalidFormat, "component != 0: Timecode track has no timecode components", isDropFrame(code));
 
-    TimecodeComponent & component = timecode(code, 0, true);
-    EXPECT_TRUE(isDropFrame(code));
-    component.dropFrame(nullptr);
+    sequence.addStructuralComponent(0, &metadata.make<TimecodeComponent>());
     EXPECT_FAILURE(InvalidFormat, "b != 0: Timecode component does not have the 'dropFrame' element",
                    isDropFrame(code));
+    timecode(code, 0, true);
+    EXPECT_TRUE(isDropFrame(code));
 }
 
 TEST_F(StructuralHelpers, FindDescriptorsOfTracks)

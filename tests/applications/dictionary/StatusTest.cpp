@@ -1,0 +1,286 @@
+// The status of an OP1a file's metadata that is whole by the built-in schema,
+// and what it is when attributes are taken away.
+
+#include "Metadata/ArrayElement.h"
+#include "Metadata/ArrayReferenceElement.h"
+#include "Metadata/BatchElement.h"
+#include "Metadata/BatchReferenceElement.h"
+#include "Metadata/PartitionMetadataUtils.h"
+#include "Metadata/ReferenceElement.h"
+#include "Metadata/SimpleElement.h"
+#include "Metadata/Structural/CDCIEssenceDescriptor.h"
+#include "Metadata/Structural/ContentStorage.h"
+#include "Metadata/Structural/DataDefinitionULs.h"
+#include "Metadata/Structural/EssenceContainerData.h"
+#include "Metadata/Structural/Identification.h"
+#include "Metadata/Structural/MaterialPackage.h"
+#include "Metadata/Structural/MultipleDescriptor.h"
+#include "Metadata/Structural/Preface.h"
+#include "Metadata/Structural/Sequence.h"
+#include "Metadata/Structural/SourceClip.h"
+#include "Metadata/Structural/SourcePackage.h"
+#include "Metadata/Structural/StructuralMetadataULs.h"
+#include "Metadata/Structural/TimecodeComponent.h"
+#include "Metadata/Structural/TimelineTrack.h"
+#include "Metadata/Structural/TrackHelpers.h"
+#include "Metadata/Structural/WAVEAudioEssenceDescriptor.h"
+#include "Metadata/Visitors/NonConstElementVisitor.h"
+#include "Types/Length.h"
+#include "Utils/Text.h"
+#include "support/StructuralMetadata.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace Vantry { namespace Tests { namespace {
+
+using namespace Metadata;
+using namespace Metadata::Structural;
+using Status = Packs::PartitionPack::PartitionStatus;
+using DataDefinitionULs::audio;
+using DataDefinitionULs::picture;
+using DataDefinitionULs::timecode12MInactive;
+
+Types::Timestamp const NOW = sample<Types::Timestamp>();
+Types::Rational const RATE(25, 1);
+Types::Length const LENGTH(250);
+
+// A material package that plays picture and sound of a source package.
+class Programme
+{
+public:
+    Programme()
+    {
+        fillIdentification(metadata.make<Identification>());
+        fillPackage(material, 1);
+        fillPackage(source, 2);
+        addTracks();
+        addDescriptors();
+        fillStorage();
+        fillPreface();
+    }
+
+    Status status(bool closable = true) { return verifyPartitionMetadataStatus(*metadata, closable); }
+
+    StructuralMetadata metadata;
+    Preface & preface = metadata.make<Preface>();
+    ContentStorage & storage = metadata.make<ContentStorage>();
+    MaterialPackage & material = metadata.make<MaterialPackage>();
+    SourcePackage & source = metadata.make<SourcePackage>();
+
+private:
+    void fillIdentification(Identification & identification)
+    {
+        auto const uid = sample<Types::UUID>();
+        Types::UTF16String const name(Utils::stringToWstring("Name").c_str());
+        identification.thisGenerationUID(&uid);
+        identification.companyName(&name);
+        identification.productName(&name);
+        identification.versionString(&name);
+        identification.productUID(&uid);
+        identification.modifiedDate(&NOW);
+        preface.addIdentification(0, &identification);
+    }
+
+    void fillPreface()
+    {
+        auto const version = sample<Types::VersionType>();
+        auto const label = sample<Types::UniversalLabel>();
+        preface.lastModifiedDate(&NOW);
+        preface.version(&version);
+        preface.operationalPattern(&label);
+        preface.contentStorage(&storage);
+        preface.appendEssenceContainer(label);
+        preface.appendDmScheme(label);
+        preface.removeDmScheme(0);
+    }
+
+    void fillStorage()
+    {
+        Types::UInt32 const bodySID(1);
+        EssenceContainerData & container = metadata.make<EssenceContainerData>();
+        container.linkedPackage(&source);
+        container.bodySID(&bodySID);
+        storage.appendPackage(&material);
+        storage.appendPackage(&source);
+        storage.appendEssenceContainerData(&container);
+    }
+
+    void fillPackage(GenericPackage & package, unsigned char number)
+    {
+        auto const umid = sample<Types::UMID32>(number);
+        package.packageUID(&umid);
+        package.packageCreationDate(&NOW);
+        package.packageModifiedDate(&NOW);
+    }
+
+    void addTracks()
+    {
+        for (GenericPackage * package :
+             {static_cast<GenericPackage *>(&material), static_cast<GenericPackage *>(&source)})
+        {
+            addTimecode(*track(*package, timecode12MInactive(), 1).sequence());
+            for (unsigned int id : {2, 3})
+            {
+                Types::UniversalLabel const & kind = id == 2 ? picture() : audio();
+                SourceClip & clip = *addSourceClip(*metadata, track(*package, kind, id).sequence(), kind, 0, LENGTH);
+                // The source package's own clips end the chain.
+                Types::UInt32 const sourceTrack(id);
+                if (package == &material)
+                    clip.sourcePackage(&source), clip.sourceTrackID(&sourceTrack);
+            }
+        }
+    }
+
+    TimelineTrack & track(GenericPackage & package, Types::UniversalLabel const & kind, unsigned int id)
+    {
+        return *createTimelineTrack(*metadata, package, kind, id, id, 0, RATE, LENGTH);
+    }
+
+    void addTimecode(Sequence & sequence)
+    {
+        TimecodeComponent & timecode = metadata.make<TimecodeComponent>();
+        Types::UInt16 const base(25);
+        Types::Position const start(0);
+        Types::Boolean const drop(false);
+        timecode.dataDefinition(&timecode12MInactive());
+        timecode.duration(&LENGTH);
+        timecode.roundedTimecodeBase(&base);
+        timecode.startTimecode(&start);
+        timecode.dropFrame(&drop);
+        sequence.addStructuralComponent(0, &timecode);
+    }
+
+    void addDescriptors()
+    {
+        MultipleDescriptor & all = metadata.make<MultipleDescriptor>();
+        CDCIEssenceDescriptor & image = metadata.make<CDCIEssenceDescriptor>();
+        WAVEAudioEssenceDescriptor & sound = metadata.make<WAVEAudioEssenceDescriptor>();
+        fillFile(all);
+        fillFile(image);
+        fillFile(sound);
+        fillPicture(image);
+        fillSound(sound);
+        all.addSubDescriptor(0, &image);
+        all.addSubDescriptor(1, &sound);
+        source.descriptor(&all);
+    }
+
+    static void fillFile(FileDescriptor & descriptor)
+    {
+        auto const label = sample<Types::UniversalLabel>();
+        descriptor.sampleRate(&RATE);
+        descriptor.essenceContainer(&label);
+    }
+
+    static void fillPicture(CDCIEssenceDescriptor & descriptor)
+    {
+        Types::UInt8 const layout(0);
+        Types::UInt32 const number(8);
+        Types::Rational const aspect(16, 9);
+        descriptor.frameLayout(&layout);
+        descriptor.storedWidth(&number);
+        descriptor.storedHeight(&number);
+        descriptor.aspectRatio(&aspect);
+        descriptor.addVideoLineMap(0, Types::Int32(1));
+        descriptor.addVideoLineMap(1, Types::Int32(0));
+        descriptor.componentDepth(&number);
+        descriptor.horizontalSubsampling(&number);
+    }
+
+    static void fillSound(WAVEAudioEssenceDescriptor & descriptor)
+    {
+        Types::UInt16 const align(4);
+        Types::UInt32 const number(8);
+        Types::Rational const rate(48000, 1);
+        descriptor.audioSamplingRate(&rate);
+        descriptor.channelCount(&number);
+        descriptor.quantizationBits(&number);
+        descriptor.blockAlign(&align);
+        descriptor.avgBps(&number);
+    }
+};
+
+// Empties an element, whatever the schema says.
+class TakeAway final : public Metadata::Visitors::NonConstElementVisitor
+{
+public:
+    using NoCollection = Templates::auto_ptr<Types::Collection>;
+
+    void visit(SimpleElement & element) override { element.set(Templates::auto_ptr<Types::SimpleDataType>(), true); }
+    void visit(ReferenceElement & element) override { element.set(static_cast<MetadataSet const *>(nullptr)); }
+    void visit(ArrayElement & element) override { element.set(NoCollection()); }
+    void visit(BatchElement & element) override { element.set(NoCollection()); }
+    void visit(ArrayReferenceElement & element) override { element.set(NoCollection()); }
+    void visit(BatchReferenceElement & element) override { element.set(NoCollection()); }
+};
+
+// Empties an attribute in all sets that have it.
+void takeAway(PartitionMetadata & metadata, Types::UniversalLabel const & label)
+{
+    TakeAway visitor;
+    for (auto const & entry : metadata)
+        if (Element * const element = entry.second->findElement(label))
+            element->accept(visitor);
+}
+
+TEST(Status, FollowsWhatIsThere)
+{
+    using namespace StructuralMetadataULs;
+    struct Case
+    {
+        char const * name;
+        std::vector<Types::UniversalLabel> gone;
+        Status status;
+    };
+    Case const CASES[] = {
+        {"whole", {}, Status::CLOSED_COMPLETE},
+        {"required value", {operationalPattern()}, Status::OPEN_COMPLETE},
+        {"required reference", {sequence()}, Status::OPEN_COMPLETE},
+        {"required array", {tracks()}, Status::OPEN_COMPLETE},
+        {"required batch", {dmSchemes()}, Status::OPEN_COMPLETE},
+        {"required of encoders", {identificationList()}, Status::OPEN_COMPLETE},
+        {"best effort", {duration()}, Status::CLOSED_INCOMPLETE},
+        {"best effort of descriptors", {storedWidth()}, Status::CLOSED_INCOMPLETE},
+        {"best effort array", {videoLineMap()}, Status::CLOSED_INCOMPLETE},
+        {"both", {bodySID(), channelCount()}, Status::OPEN_INCOMPLETE},
+        {"required by decoders", {essenceContainer()}, Status::CLOSED_COMPLETE},
+        {"required in most clips", {sourcePackageID(), sourceTrackID()}, Status::CLOSED_COMPLETE},
+        {"optional", {primaryPackage(), generationUID()}, Status::CLOSED_COMPLETE},
+    };
+    for (Case const & c : CASES)
+    {
+        SCOPED_TRACE(c.name);
+        Programme programme;
+        for (Types::UniversalLabel const & label : c.gone)
+            takeAway(*programme.metadata, label);
+        EXPECT_EQ(programme.status(), c.status);
+        bool const complete = c.status == Status::OPEN_COMPLETE || c.status == Status::CLOSED_COMPLETE;
+        EXPECT_EQ(programme.status(false), complete ? Status::OPEN_COMPLETE : Status::OPEN_INCOMPLETE);
+    }
+}
+
+TEST(Status, IsIncompleteWhereAValueIsNotKnown)
+{
+    Types::UInt8 const layout(255);
+    Types::Rational const aspect(0, 0);
+    std::function<void(CDCIEssenceDescriptor &)> const CASES[] = {
+        [&](auto & descriptor) { descriptor.frameLayout(&layout); },
+        [&](auto & descriptor) { descriptor.aspectRatio(&aspect); },
+        [&](auto & descriptor)
+        {
+            descriptor.removeVideoLineMap(0);
+            descriptor.addVideoLineMap(0, Types::Int32(0));
+        },
+    };
+    for (auto const & change : CASES)
+    {
+        Programme programme;
+        auto & all = dynamic_cast<MultipleDescriptor &>(*programme.source.descriptor());
+        change(dynamic_cast<CDCIEssenceDescriptor &>(*all.subDescriptor(0)));
+        EXPECT_EQ(programme.status(), Status::CLOSED_INCOMPLETE);
+    }
+}
+
+}}}
