@@ -6,10 +6,10 @@
 #include "KLV/Packet.h"
 #include "Output.h"
 #include "PackFacts.h"
+#include "PacketFaults.h"
 #include "PacketLines.h"
 #include "PacketWalk.h"
-#include "Schema/Definition.h"
-#include "Schema/SchemaError.h"
+#include "SchemaInUse.h"
 #include "SetNames.h"
 
 #include <CLI/CLI.hpp>
@@ -19,9 +19,6 @@
 namespace Vantry { namespace Application {
 
 namespace {
-
-// SMPTE 377M allows a run-in ahead of the header partition up to this size.
-UInt64 const LONGEST_RUN_IN = 65535;
 
 /// Writes the lines and keeps account of the damage.
 class Dump : public PacketListener
@@ -39,8 +36,7 @@ public:
 
         packetSeen_ = true;
         if (cut)
-            damage(fmt::format("the packet at offset {} is cut: {} of {} bytes of its value are there",
-                               packet.keyAbsoluteOffset(), bytesThere, packet.length()));
+            damage(cutFault(packet, bytesThere));
     }
 
     void gap(UInt64 offset, UInt64 size, bool unreadableLength) override
@@ -50,7 +46,7 @@ public:
 
         bool const runIn = offset == 0 && size <= LONGEST_RUN_IN && !unreadableLength;
         if (!runIn)
-            damage(fmt::format("{} bytes at offset {} are no packet", size, offset));
+            damage(gapFault(offset, size));
     }
 
     /// \throws Failure when there was damage, or no packet at all.
@@ -89,27 +85,6 @@ std::unique_ptr<PacketLines> makeLines(bool json, SetNames const & sets)
     return std::make_unique<PlainPacketLines>(sets);
 }
 
-/// The names of the built-in schema, with what a schema file adds if one is
-/// given.
-SetNames readSetNames(std::string const & dictionary)
-{
-    if (dictionary.empty())
-        return SetNames(Schema::builtInTables());
-
-    requireReadable(dictionary);
-    try
-    {
-        Schema::Definition definition(Schema::builtInTables());
-        definition.addFile(dictionary);
-        return SetNames(definition.tables());
-    }
-    catch (Schema::SchemaError const & error)
-    {
-        // The text begins with the file's name and a mark.
-        throw Failure(ExitStatus::FAILED, dictionary, std::string(error.what()).substr(dictionary.size() + 2));
-    }
-}
-
 }
 
 char const * DumpCommand::summary() const
@@ -129,7 +104,8 @@ void DumpCommand::declareOptions(CLI::App & options)
 
 void DumpCommand::run(CommonOptions const & common, Output & output)
 {
-    SetNames const sets = readSetNames(common.dictionary);
+    SchemaInUse const schema(common.dictionary);
+    SetNames const sets(schema.tables());
     std::unique_ptr<Input> const input = Input::open(file_);
     std::unique_ptr<PacketLines> const lines = makeLines(common.json, sets);
 

@@ -18,13 +18,15 @@ namespace {
 // filled for the sake of the few bytes at its start.
 int const FILE_BUFFER_SIZE = 16384;
 
+Templates::wstring wide(std::string const & name)
+{
+    return Platform::stringToWstring(name.c_str());
+}
+
 class FileInput : public Input
 {
 public:
-    explicit FileInput(std::string const & name) :
-        source_(Platform::stringToWstring(name.c_str()).c_str(), FILE_BUFFER_SIZE)
-    {
-    }
+    explicit FileInput(std::string const & name) : source_(wide(name).c_str(), FILE_BUFFER_SIZE) {}
 
     DataIO::DataSource & source() override { return source_; }
     void stepBack(UInt64 howMuch) override { source_.seek(source_.absoluteOffset() - howMuch); }
@@ -44,6 +46,12 @@ public:
 private:
     StreamSource source_;
 };
+
+bool isPlainFile(std::string const & name)
+{
+    std::error_code ignored;
+    return std::filesystem::is_regular_file(name, ignored);
+}
 
 /// Opens a file that is there and is no folder.
 std::FILE * openReadable(std::string const & name)
@@ -70,8 +78,7 @@ std::unique_ptr<Input> Input::open(std::string const & name)
 
     // A named pipe loses its writer when it is opened twice, so what is no
     // plain file is read as it is found.
-    std::error_code ignored;
-    bool const plain = std::filesystem::is_regular_file(name, ignored);
+    bool const plain = isPlainFile(name);
     std::FILE * const file = openReadable(name);
     if (!plain)
         return std::make_unique<StreamInput>(file);
@@ -83,6 +90,16 @@ std::unique_ptr<Input> Input::open(std::string const & name)
 void requireReadable(std::string const & name)
 {
     std::fclose(openReadable(name));
+}
+
+std::unique_ptr<DataIO::RandomAccessDataSource> openRandomAccess(std::string const & name)
+{
+    if (name == "-")
+        throw Failure(ExitStatus::WRONG_USAGE, name, "this command needs a file, standard input is read only once");
+    requireReadable(name);
+    if (!isPlainFile(name))
+        throw Failure(ExitStatus::FAILED, name, "is no plain file, and this command reads here and there");
+    return std::make_unique<DataIO::File::FileDataSource>(wide(name).c_str(), FILE_BUFFER_SIZE);
 }
 
 }}

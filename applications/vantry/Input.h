@@ -8,6 +8,7 @@
 namespace Vantry {
 namespace DataIO {
 class DataSource;
+class RandomAccessDataSource;
 }
 
 namespace Application {
@@ -35,6 +36,12 @@ public:
 
 /// \throws Failure when there is no such file, or it can't be read.
 void requireReadable(std::string const & name);
+
+/// Opens a file for a command that reads here and there.
+///
+/// \throws Failure when there is no such file, it can't be read, or it is a
+///         stream.
+std::unique_ptr<DataIO::RandomAccessDataSource> openRandomAccess(std::string const & name);
 
 }
 }

@@ -6,7 +6,7 @@
 #include "Packs/PartitionPack.h"
 #include "Packs/PrimerPack.h"
 #include "Packs/RandomIndexPack.h"
-#include "Platform/Text.h"
+#include "Text.h"
 #include "Types/Batch.h"
 #include "Types/Visitors/GetVisitor.h"
 
@@ -26,11 +26,6 @@ using TextForm = Types::StringRepresentationEncodingType;
 // A random index pack of this size lists more than a hundred thousand
 // partitions. What claims to be longer would only fill the memory.
 UInt64 const LONGEST_PACK = 2 << 20;
-
-std::string textOf(UniversalLabel const & label, TextForm form)
-{
-    return Platform::wstringToString(label.toString(form).c_str()).c_str();
-}
 
 /// The object identifier, or the bytes of a label that is none of SMPTE.
 std::string shortText(UniversalLabel const & label)

@@ -3,6 +3,7 @@
 #include "KLV/Packet.h"
 #include "KeyName.h"
 #include "PackFacts.h"
+#include "Text.h"
 
 #include <algorithm>
 #include <fmt/compile.h>
@@ -39,11 +40,6 @@ private:
 
     char text_[3 * BYTES];
 };
-
-bool isControl(char c)
-{
-    return static_cast<unsigned char>(c) < 0x20;
-}
 
 // Names may come from a user's schema and hold anything.
 void appendEscaped(fmt::memory_buffer & text, std::string_view name)

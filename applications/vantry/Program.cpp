@@ -5,7 +5,7 @@
 #include "Exceptions/BaseException.h"
 #include "Failure.h"
 #include "Output.h"
-#include "Platform/Text.h"
+#include "Text.h"
 #include "Version.h"
 
 #include <CLI/CLI.hpp>
@@ -16,11 +16,6 @@
 namespace Vantry { namespace Application {
 
 namespace {
-
-std::string narrow(unsigned short const * text)
-{
-    return Platform::wstringToString(text).c_str();
-}
 
 ExitStatus fail(ExitStatus status, std::string const & what)
 {

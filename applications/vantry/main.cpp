@@ -1,4 +1,5 @@
 #include "DumpCommand.h"
+#include "InfoCommand.h"
 #include "Output.h"
 #include "Program.h"
 
@@ -15,6 +16,7 @@ int main(int argumentCount, char ** arguments)
 
     Program program;
     program.add(std::make_unique<DumpCommand>());
+    program.add(std::make_unique<InfoCommand>());
 
     Output output(stdout);
     return static_cast<int>(program.run(argumentCount, arguments, output));

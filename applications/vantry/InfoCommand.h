@@ -1,0 +1,22 @@
+#pragma once
+
+#include "Command.h"
+
+namespace Vantry { namespace Application {
+
+/// `vantry info`: tells what a file is. So far, the tree of its metadata sets.
+class InfoCommand : public Command
+{
+public:
+    char const * name() const override { return "info"; }
+    char const * summary() const override;
+    char const * example() const override;
+    void declareOptions(CLI::App & options) override;
+    void run(CommonOptions const & common, Output & output) override;
+    std::string const & fileInHand() const override { return file_; }
+
+private:
+    std::string file_;
+};
+
+}}
