@@ -131,7 +131,8 @@ public:
     /// Who keeps the set, or null.
     MetadataSetOwner * owner() const noexcept;
 
-    /// Bytes of the length field: 4, or as read.
+    /// Bytes of the length field: 4, or as read. The owner doesn't hear of a
+    /// change, so make it ahead of asking a partition for its size.
     unsigned char berLength() const noexcept;
     void berLength(unsigned char berLength) noexcept;
 
@@ -158,7 +159,8 @@ public:
 
     /// A copy with a new instance identifier, given to the owner. It doesn't
     /// refer to other sets, except that with `deep` the sets that this one
-    /// owns are copied too, and their copies belong to the copy.
+    /// owns are copied too, and their copies belong to the copy. The copy
+    /// refers to this set's attributes, so their dictionary outlives it.
     ///
     /// \param owner  who gets the copies; null for the owner of this set. If
     ///               there is none either, the copy belongs to the caller.

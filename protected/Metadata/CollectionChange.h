@@ -42,8 +42,9 @@ public:
 private:
     void checkCollection(Types::Collection const & collection) const;
     void checkItem(Types::SimpleDataType const * item) const;
+    void checkRoom() const;
     void checkSize(Types::SimpleDataType const & item, char const * text) const;
-    void makeRoom(Types::SimpleDataType const & item);
+    void makeCollection(Types::SimpleDataType const & item);
     unsigned int size() const;
 
     Element & element_;

@@ -79,8 +79,9 @@ void CollectionChange::set(Templates::auto_ptr<Types::Collection> collection)
 void CollectionChange::append(Templates::auto_ptr<Types::SimpleDataType> item)
 {
     checkItem(item.get());
+    checkRoom();
     checkSize(*item, "Appending an invalid element");
-    makeRoom(*item);
+    makeCollection(*item);
     OwnerCalls::changedItem(element_, *held_, size(), item.get());
     held_->append(std::move(item));
 }
@@ -88,16 +89,22 @@ void CollectionChange::append(Templates::auto_ptr<Types::SimpleDataType> item)
 void CollectionChange::insert(unsigned int index, Templates::auto_ptr<Types::SimpleDataType> item)
 {
     checkItem(item.get());
+    checkRoom();
     checkSize(*item, "Trying to insert an invalid element");
     if (index > size())
         VANTRY_FAIL(IndexOutOfBounds, "Trying to insert an element past the end of the data");
-    makeRoom(*item);
+    makeCollection(*item);
 
     auto * const array = dynamic_cast<Types::Array *>(held_.get());
     if (array == nullptr)
         VANTRY_FAIL(InvalidChange, aboutValue(element_, "': Collection can not be changed to another type!"));
     OwnerCalls::changedItem(element_, *held_, index, item.get());
-    array->insertAt(index, std::move(item));
+    // The first item gives a collection without items their size, if it is
+    // appended.
+    if (index == size())
+        array->append(std::move(item));
+    else
+        array->insertAt(index, std::move(item));
 }
 
 void CollectionChange::remove(unsigned int index)
@@ -144,11 +151,15 @@ void CollectionChange::checkSize(Types::SimpleDataType const & item, char const 
         VANTRY_FAIL(InvalidElement, text);
 }
 
-void CollectionChange::makeRoom(Types::SimpleDataType const & item)
+void CollectionChange::checkRoom() const
 {
     auto const * const rules = collectionRules(element_);
     if (rules != nullptr && size() >= rules->collectionSizeLimits().maximum)
         failTooMany(element_, rules->collectionSizeLimits().maximum);
+}
+
+void CollectionChange::makeCollection(Types::SimpleDataType const & item)
+{
     if (!held_)
         set(emptyCollection(kind_, item.serializedSize()));
 }

@@ -1,5 +1,6 @@
 #include "Metadata/LocalTagAssignment.h"
 
+#include "MetaMetadata/MetaMetadataSet.h"
 #include "MetaMetadata/UnknownAttribute.h"
 #include "Metadata/Element.h"
 #include "Metadata/MetadataSet.h"
@@ -26,6 +27,13 @@ void reserveTags(MetadataSet const & set, PartitionDictionary & dictionary)
     }
 }
 
+// Whether the set came as a copy from where the schema gives it more.
+bool hasMoreThanItsSchema(MetadataSet const & set)
+{
+    MetaMetadata::MetaMetadataSet const * const schema = set.metaMetadataSet();
+    return set.size() != (schema != nullptr ? schema->metaAttributeCount() : 0);
+}
+
 void assignValid(MetadataSet const & set, PartitionDictionary & dictionary)
 {
     for (MetadataSet::Entry const & entry : set)
@@ -46,12 +54,12 @@ void assignLocalTags(PartitionMetadata::MetadataSets const & sets, PartitionDict
     for (auto const & entry : sets)
         reserveTags(*entry.second, dictionary);
 
-    // Sets of one schema have the same valid elements.
+    // Sets of one schema mostly have the same valid elements.
     using Schema = MetaMetadata::MetaMetadataSet const *;
     std::set<Schema, std::less<>, Platform::Allocator<Schema>> done;
     for (auto const & entry : sets)
     {
-        if (done.insert(entry.second->metaMetadataSet()).second)
+        if (done.insert(entry.second->metaMetadataSet()).second || hasMoreThanItsSchema(*entry.second))
             assignValid(*entry.second, dictionary);
         assignInvalid(*entry.second, dictionary);
     }

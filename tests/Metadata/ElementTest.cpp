@@ -9,6 +9,7 @@
 #include "Exceptions/LocalTagNotFound.h"
 #include "Exceptions/MetadataSetReferenceNotAllowed.h"
 #include "Exceptions/NotFound.h"
+#include "KLV/Value.h"
 #include "MetaMetadata/MisplacedAttribute.h"
 #include "MetaMetadata/UnknownAttribute.h"
 #include "Metadata/ArrayElement.h"
@@ -27,6 +28,7 @@
 #include "Types/Unknown.h"
 #include "Types/WeakReference.h"
 #include "support/BytesSink.h"
+#include "support/BytesSource.h"
 #include "support/Failure.h"
 #include "support/SetOwner.h"
 
@@ -190,6 +192,9 @@ TEST_F(ElementTest, HoldsARowOfValues)
                    values.append(number<Types::UInt16>(1)));
     EXPECT_EQ(written(values, 2), hex("01 30 00 0E 00 00 00 03 00 00 00 02 00 09 00 01 00 02"));
 
+    EXPECT_FAILURE(InvalidChange, "Value 'Values': Schema only allows to add 3 elements to this collection.",
+                   values.insertAt(9, number<Types::UInt16>(1)));
+
     // A collection without items is a value.
     marks.append(number<Types::UInt8>(5));
     marks.remove(0);
@@ -245,6 +250,13 @@ TEST_F(ElementTest, RefersToARowOfSets)
     mixed->append(Simple(new Types::UUID(uuid(2))));
     children.set(mixed);
     EXPECT_FAILURE(InvalidType, "The value is no reference", children.at(1));
+
+    // An empty array that was loaded needn't say how large its items are.
+    BytesSource source(Bytes(8, 0));
+    KLV::Value empty(source, 8);
+    children.load(empty);
+    children.insertAt(0, &target);
+    EXPECT_EQ(children.at(0).uuid(), uuid(5));
 
     ArrayReferenceElement stray(Row(), unknown, set);
     EXPECT_FAILURE(InvalidMetaAttribute, "ReferenceElement can not be changed because there is no metaAttribute.",

@@ -513,6 +513,21 @@ TEST(PartitionMetadata, ACloneIsASetOfThePartition)
     MetadataSet & clone = *node.clone(true, nullptr);
     EXPECT_EQ(partition.metadata.size(), 4U);
     EXPECT_THAT(partition.metadata.find(MetadataULs::instanceUID(), *clone.instanceUID()), ElementsAre(&clone));
+
+    // Elsewhere it keeps what the schema doesn't give its kind there, and is
+    // written.
+    Schema richer;
+    richer.add(labelOf(0x77), 0x0177, Types::Identifiers::UInt32);
+    richer.add(nodeKey(), {{MetadataULs::instanceUID()}, {labelOf(0x77)}});
+    Partition from(richer);
+    MetadataSet & rich = from.node(3);
+    elementOf<SimpleElement>(rich, labelOf(0x77))
+        .set(Templates::auto_ptr<Types::SimpleDataType>(new Types::UInt32(7)), false);
+    partition.preface(4);
+    UInt64 const before = partition.written(Order::PrefaceFirst, true, false).size();
+    rich.clone(false, &partition.metadata);
+    partition.metadata.generateLocalTags();
+    EXPECT_EQ(partition.written(Order::PrefaceFirst, true, false).size(), before + 20 + 20 + 8);
 }
 
 TEST(PartitionMetadata, HasAStatus)
