@@ -2,8 +2,7 @@
 
 #include "Exceptions/Check.h"
 #include "Exceptions/NoFactory.h"
-#include "Initializer.h"
-#include "Platform/Synchronization/ScopedLock.h"
+#include "LibrarySingleton.h"
 #include "Templates/Containers.h"
 #include "Types/Array.h"
 #include "Types/Batch.h"
@@ -41,8 +40,6 @@
 #include "Types/Unknown.h"
 #include "Types/VersionType.h"
 #include "Types/WeakReference.h"
-
-#include <atomic>
 
 namespace Vantry { namespace Types { namespace Factories {
 
@@ -147,33 +144,13 @@ private:
     };
 };
 
-std::atomic<BaseTypeFactory *> theFactory{nullptr};
-
-void destroyFactory()
-{
-    delete theFactory.exchange(nullptr);
-}
-
 }
 
 BaseTypeFactory::~BaseTypeFactory() = default;
 
 BaseTypeFactory & BaseTypeFactory::instance()
 {
-    BaseTypeFactory * factory = theFactory.load(std::memory_order_acquire);
-    if (factory != nullptr)
-        return *factory;
-
-    Platform::Synchronization::ScopedLock const lock(Initializer::instance().singletonMutex());
-    factory = theFactory.load(std::memory_order_relaxed);
-    if (factory == nullptr)
-    {
-        Templates::auto_ptr<BaseTypeFactory> made(new BaseTypeFactory_impl);
-        Initializer::instance().registerSingleton(destroyFactory, 0);
-        factory = made.release();
-        theFactory.store(factory, std::memory_order_release);
-    }
-    return *factory;
+    return LibrarySingleton<BaseTypeFactory_impl>::instance();
 }
 
 }}}
