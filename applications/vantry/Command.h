@@ -27,6 +27,9 @@ public:
     /// A command line that shows it at work.
     virtual char const * example() const = 0;
 
+    /// What `--json` makes of the result, for the help.
+    virtual char const * jsonForm() const { return "Give the result as one JSON object on standard output"; }
+
     /// Adds the options and files of this command alone.
     virtual void declareOptions(CLI::App & options) = 0;
 

@@ -97,6 +97,11 @@ char const * DumpCommand::example() const
     return "vantry dump --json a.mxf";
 }
 
+char const * DumpCommand::jsonForm() const
+{
+    return "Print a JSON object a line, one for each packet or gap";
+}
+
 void DumpCommand::declareOptions(CLI::App & options)
 {
     options.add_option("FILE", file_, "The file to list, or - for standard input")->required()->type_name("");

@@ -11,6 +11,7 @@ public:
     char const * name() const override { return "dump"; }
     char const * summary() const override;
     char const * example() const override;
+    char const * jsonForm() const override;
     void declareOptions(CLI::App & options) override;
     void run(CommonOptions const & common, Output & output) override;
     std::string const & fileInHand() const override { return file_; }

@@ -28,9 +28,9 @@ ExitStatus fail(ExitStatus status, std::string const & what)
     return status;
 }
 
-void declareCommonOptions(CLI::App & options, CommonOptions & common)
+void declareCommonOptions(CLI::App & options, Command const & command, CommonOptions & common)
 {
-    options.add_flag("--json", common.json, "Give the result as JSON on standard output");
+    options.add_flag("--json", common.json, command.jsonForm());
     options.add_flag("--quiet", common.quiet, "Show no progress bar");
     options
         .add_option("--dictionary", common.dictionary,
@@ -45,26 +45,65 @@ ExitStatus end(Failure const & failure, Output & output)
     return fail(failure.status(), failure.what());
 }
 
-ExitStatus explainUsage(CLI::App const & options, std::string const & problem)
+bool isOption(std::string const & argument)
 {
-    std::vector<CLI::App *> const chosen = options.get_subcommands();
-    std::string const command = chosen.empty() ? "" : chosen.front()->get_name() + " ";
-    return fail(ExitStatus::WRONG_USAGE, problem + " (see vantry " + command + "--help)");
+    return argument.size() > 1 && argument.front() == '-';
 }
 
-/// The parser takes an unknown command for an argument too many.
-bool isUnknownCommand(CLI::App const & options, CLI::ParseError const & reason)
+/// What the parser couldn't use. Without a command the first word ought to be
+/// one.
+std::string leftOver(std::string const & argument, bool hasCommand)
 {
-    return options.get_subcommands().empty() && dynamic_cast<CLI::ExtrasError const *>(&reason) != nullptr;
+    if (isOption(argument))
+        return "unknown option " + argument;
+    return (hasCommand ? "unexpected argument " : "unknown command ") + argument;
+}
+
+/// The parser's text begins with the name of the option.
+std::string wrongNumberOfValues(CLI::App const & command, std::string const & text)
+{
+    std::string const name = text.substr(0, text.find_first_of(": "));
+    CLI::Option const * const option = command.get_option_no_throw(name);
+    return option == nullptr ? text : "option " + name + " takes one " + option->get_type_name();
+}
+
+/// The parser's text ends with the option and its value.
+std::string wrongValue(std::string const & text)
+{
+    std::size_t const colon = text.find(": ");
+    return colon == std::string::npos ? text : "can't understand " + text.substr(colon + 2);
+}
+
+ExitStatus wrongUsage(std::string const & command, std::string const & problem)
+{
+    return fail(ExitStatus::WRONG_USAGE, command.empty() ? problem : command + ": " + problem);
+}
+
+ExitStatus explainUsage(CLI::App const & options, CLI::ParseError const & reason)
+{
+    std::vector<CLI::App *> const chosen = options.get_subcommands();
+    CLI::App const & innermost = chosen.empty() ? options : *chosen.front();
+    std::string const command = chosen.empty() ? "" : innermost.get_name();
+
+    if (dynamic_cast<CLI::ExtrasError const *>(&reason) != nullptr)
+    {
+        // Those ahead of the command first; they aren't the command's.
+        std::string const argument = options.remaining(true).front();
+        bool const ahead = !options.remaining().empty() && isOption(argument);
+        return wrongUsage(ahead ? "" : command, leftOver(argument, !chosen.empty()));
+    }
+    if (dynamic_cast<CLI::ArgumentMismatch const *>(&reason) != nullptr)
+        return wrongUsage(command, wrongNumberOfValues(innermost, reason.what()));
+    if (dynamic_cast<CLI::ConversionError const *>(&reason) != nullptr)
+        return wrongUsage(command, wrongValue(reason.what()));
+    return wrongUsage(command, reason.what());
 }
 
 /// Help and version arrive as exceptions of the parser, like wrong usage.
 ExitStatus endParsing(CLI::App const & options, CLI::ParseError const & reason, Output & output)
 {
     if (reason.get_exit_code() != static_cast<int>(CLI::ExitCodes::Success))
-        return explainUsage(options, isUnknownCommand(options, reason)
-                                         ? "there is no command or option " + options.remaining().front()
-                                         : reason.what());
+        return explainUsage(options, reason);
 
     std::ostringstream text;
     options.exit(reason, text, text);
@@ -117,7 +156,7 @@ ExitStatus Program::parseAndRun(int argumentCount, char const * const * argument
         own->footer("Example: " + std::string(command->example()));
         own->callback([&chosen, &command] { chosen = command.get(); });
         command->declareOptions(*own);
-        declareCommonOptions(*own, common);
+        declareCommonOptions(*own, *command, common);
     }
 
     try
@@ -129,7 +168,7 @@ ExitStatus Program::parseAndRun(int argumentCount, char const * const * argument
         return endParsing(options, reason, output);
     }
     if (chosen == nullptr)
-        return explainUsage(options, "a command is missing");
+        return fail(ExitStatus::WRONG_USAGE, "a command is missing, see vantry --help");
     return runCommand(*chosen, common, output);
 }
 

@@ -271,7 +271,7 @@ TEST(Info, EndsWithAStatusAndALine)
         char const * errors;
     };
     Case const CASES[] = {
-        {"info fill", 2, "vantry: --metadata is required (see vantry info --help)\n"},
+        {"info fill", 2, "vantry: info: --metadata is required\n"},
         {"info --metadata - < fill", 2, "vantry: -: this command needs a file, standard input is read only once\n"},
         {"info --metadata /dev/null", 1,
          "vantry: /dev/null: is no plain file, and this command reads here and there\n"},
