@@ -240,7 +240,8 @@ void IndexTableSegmentWithGOPInfo::updateMissingInfo(IndexTableSegmentWithGOPInf
     if (groups_->infos.empty())
         return;
 
-    if (previous && hasEntryForEachEditUnit(*previous))
+    bool const knowsPrevious = previous && hasEntryForEachEditUnit(*previous);
+    if (knowsPrevious)
     {
         VANTRY_CHECK_TEXT(adjoin(*previous, *this),
                           "previous -> indexStartPosition ().value () + previous -> indexDuration ().value () == "
@@ -256,6 +257,10 @@ void IndexTableSegmentWithGOPInfo::updateMissingInfo(IndexTableSegmentWithGOPInf
                           "next -> indexStartPosition ().value ()",
                           InvalidIndexSegment, NOT_CONSECUTIVE);
         Groups::link(*groups_, *next->groups_);
+
+        // The size of a group that spans all three is known only now.
+        if (knowsPrevious)
+            Groups::link(*previous->groups_, *groups_);
     }
 }
 
