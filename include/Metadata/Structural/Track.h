@@ -13,10 +13,6 @@ class VANTRY_EXPORT Track : public TrackableMetadataSet
 public:
     ~Track() override;
 
-    /// What happens along the track.
-    virtual Sequence * sequence() const;
-    void sequence(Sequence * target);
-
     /// Number of the track, its own within the package; source clips refer to
     /// it.
     virtual void trackID(Types::UInt32 const * value);
@@ -30,6 +26,10 @@ public:
     /// Name of the track for people.
     virtual void trackName(Types::UTF16String const * value);
     virtual Types::UTF16String const * trackName() const;
+
+    /// What happens along the track.
+    virtual Sequence * sequence() const;
+    void sequence(Sequence * target);
 
 protected:
     /// For a class derived from this one, with a key of its own.
