@@ -51,8 +51,8 @@ public:
     /// else owns.
     ///
     /// \return whether the set was in the partition
-    /// \throws Exceptions::InvalidFormat when a set below it owns itself by
-    ///         way of others; nothing is removed.
+    /// \throws Exceptions::InvalidFormat when one of them owns itself by way
+    ///         of others; nothing is removed.
     /// \throws Exceptions::InvalidChange when the schema doesn't let a
     ///         reference go; that set and those behind it stay.
     bool cascadeDelete(MetadataSet * set);

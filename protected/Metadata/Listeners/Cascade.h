@@ -23,8 +23,8 @@ public:
     /// The identifiers of the set and of all that go with it, owners ahead of
     /// what they own.
     ///
-    /// \throws Exceptions::InvalidFormat when something below the set owns
-    ///         itself by way of others.
+    /// \throws Exceptions::InvalidFormat when one of them owns itself by way
+    ///         of others.
     Templates::vector<Types::UUID> below(Types::UUID const & root);
 
 private:
@@ -34,23 +34,24 @@ private:
         MetadataSet * set;
         Templates::vector<Node *> owned;
         unsigned int ownersAhead;
-        unsigned int ownersThatStay;
+        bool stays;
     };
     using Nodes = std::deque<Node, Platform::Allocator<Node>>;
 
     void reach(MetadataSet & root);
     MetadataSet * find(Types::UUID const & instanceUID) const;
     Node & nodeOf(MetadataSet & set);
+    void keepWhatOthersOwn();
     void sort();
     unsigned int countOwners(MetadataSet const & set) const;
 
     PartitionMetadata const & metadata_;
     ReferenceRegister const & references_;
 
-    // In the order in which they are reached.
+    // In the order in which they are reached, the root first.
     Nodes nodes_;
     Templates::map<MetadataSet *, Node *> nodeOfSet_;
-    Templates::vector<Node *> sorted_;
+    Templates::vector<Node const *> sorted_;
 };
 
 /// \throws Exceptions::InvalidFormat.

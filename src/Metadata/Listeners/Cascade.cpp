@@ -8,6 +8,7 @@
 #include "Metadata/PartitionMetadata.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace Vantry { namespace Metadata { namespace Listeners {
 
@@ -25,20 +26,10 @@ Templates::vector<Types::UUID> Cascade::below(Types::UUID const & root)
         return going;
 
     reach(*rootSet);
+    keepWhatOthersOwn();
     sort();
-
-    // The root goes, whoever owns it. Owners come first here, so a set is
-    // looked at when all that can go with it is known.
-    sorted_.front()->ownersThatStay = 0;
-    for (Node const * node : sorted_)
-    {
-        if (node->ownersThatStay != 0)
-            continue;
-        if (node != sorted_.front())
-            going.push_back(*node->set->instanceUID());
-        for (Node * owned : node->owned)
-            --owned->ownersThatStay;
-    }
+    std::transform(sorted_.begin() + 1, sorted_.end(), std::back_inserter(going),
+                   [](Node const * node) { return *node->set->instanceUID(); });
     return going;
 }
 
@@ -74,28 +65,58 @@ Cascade::Node & Cascade::nodeOf(MetadataSet & set)
     Node *& node = nodeOfSet_[&set];
     if (node == nullptr)
     {
-        nodes_.push_back({&set, {}, 0, countOwners(set)});
+        nodes_.push_back({&set, {}, 0, false});
         node = &nodes_.back();
     }
     return *node;
+}
+
+// What has an owner that wasn't reached stays, with all below it. The root
+// goes, whoever owns it.
+void Cascade::keepWhatOthersOwn()
+{
+    Templates::vector<Node *> staying;
+    auto const keep = [&](Node & node)
+    {
+        if (&node == &nodes_.front() || node.stays)
+            return;
+        node.stays = true;
+        staying.push_back(&node);
+    };
+
+    for (Node & node : nodes_)
+        if (countOwners(*node.set) > node.ownersAhead)
+            keep(node);
+    while (!staying.empty())
+    {
+        Node const & owner = *staying.back();
+        staying.pop_back();
+        for (Node * owned : owner.owned)
+        {
+            --owned->ownersAhead;
+            keep(*owned);
+        }
+    }
 }
 
 // Only the root has no owner to start with, and the sets of a circle always
 // have one left.
 void Cascade::sort()
 {
-    if (nodes_.front().ownersAhead == 0)
+    auto const isLeft = [](Node const & node)
+    {
+        return !node.stays && node.ownersAhead != 0;
+    };
+    if (!isLeft(nodes_.front()))
         sorted_.push_back(&nodes_.front());
     for (std::size_t i = 0; i < sorted_.size(); ++i)
         for (Node * owned : sorted_[i]->owned)
-            if (--owned->ownersAhead == 0)
+            if (--owned->ownersAhead == 0 && !owned->stays)
                 sorted_.push_back(owned);
 
-    if (sorted_.size() == nodes_.size())
-        return;
-    auto const circular =
-        std::find_if(nodes_.begin(), nodes_.end(), [](Node const & node) { return node.ownersAhead != 0; });
-    failCircular(*circular->set->instanceUID());
+    auto const circular = std::find_if(nodes_.begin(), nodes_.end(), isLeft);
+    if (circular != nodes_.end())
+        failCircular(*circular->set->instanceUID());
 }
 
 unsigned int Cascade::countOwners(MetadataSet const & set) const

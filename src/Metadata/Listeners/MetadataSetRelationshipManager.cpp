@@ -56,9 +56,11 @@ private:
     Types::UUID const target_;
 };
 
-unsigned int copyInto(ReferenceEntry::Elements & elements, ReferenceEntry::Elements const & more)
+unsigned int addTo(ReferenceEntry::Elements & elements, ReferenceEntry const * entry,
+                   ReferenceEntry::Elements ReferenceEntry::*kind)
 {
-    elements.insert(more.begin(), more.end());
+    if (entry != nullptr)
+        elements.insert((entry->*kind).begin(), (entry->*kind).end());
     return static_cast<unsigned int>(elements.size());
 }
 
@@ -176,14 +178,12 @@ MetadataSet const * MetadataSetRelationshipManager::parentSet(MetadataSet const 
 
 unsigned int MetadataSetRelationshipManager::metadataSetStrongRefs(MetadataSet const * set, Elements & elements) const
 {
-    ReferenceEntry const * const entry = impl_->entryOf(*set);
-    return copyInto(elements, entry != nullptr ? entry->strong : Elements());
+    return addTo(elements, impl_->entryOf(*set), &ReferenceEntry::strong);
 }
 
 unsigned int MetadataSetRelationshipManager::metadataSetWeakRefs(MetadataSet const * set, Elements & elements) const
 {
-    ReferenceEntry const * const entry = impl_->entryOf(*set);
-    return copyInto(elements, entry != nullptr ? entry->weak : Elements());
+    return addTo(elements, impl_->entryOf(*set), &ReferenceEntry::weak);
 }
 
 void MetadataSetRelationshipManager::enforceReferentialIntegrity(bool enforce)
