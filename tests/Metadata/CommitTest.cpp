@@ -3,6 +3,8 @@
 
 #include "Exceptions/InvalidLength.h"
 #include "Exceptions/NotFound.h"
+#include "Exceptions/OperationNotAllowed.h"
+#include "Metadata/Listeners/MetadataSetRelationshipManager.h"
 #include "Metadata/ReferenceElement.h"
 #include "Metadata/Structural/ContentStorage.h"
 #include "Metadata/Structural/Identification.h"
@@ -116,12 +118,28 @@ TEST_F(Commit, OfTheGenerationStampsWhatWasCreatedOrChanged)
     listener->commit();
     EXPECT_EQ(preface.identificationsCount(), 2U);
     EXPECT_EQ(track.generation(), first);
+
+    // It hasn't gone when another listener keeps it.
+    Templates::SharedPtr<Listeners::MetadataSetRelationshipManager> const keeper(
+        new Listeners::MetadataSetRelationshipManager(&*metadata));
+    metadata->addMetadataListener(keeper, true);
+    EXPECT_THROW(metadata->removeMetadataSet(Types::UUID(*first->instanceUID())), Exceptions::OperationNotAllowed);
+    track.generation(nullptr);
+    listener->commit();
+    EXPECT_EQ(track.generation(), first);
+    metadata->removeMetadataListener(keeper);
     preface.removeIdentification(0);
     metadata->removeMetadataSet(Types::UUID(*first->instanceUID()));
     changeTrack();
     listener->commit();
     ASSERT_EQ(preface.identificationsCount(), 2U);
     EXPECT_EQ(track.generation(), preface.identification(1));
+
+    // One that tells no generation.
+    listener->setIdentification(&metadata.make<Identification>());
+    changeTrack();
+    listener->commit();
+    EXPECT_EQ(track.generation(), nullptr);
 }
 
 TEST_F(Commit, OfTheGenerationNeedsAPreface)
@@ -166,6 +184,24 @@ TEST_F(Commit, OfTheDateReachesTheTop)
     EXPECT_EQ(preface.lastModifiedDate(), nullptr);
 }
 
+// The listener outlives a partition that it served.
+TEST_F(Commit, OfTheDateServesOnePartitionAfterAnother)
+{
+    auto const listener = listen<Listeners::LastModifiedDateUpdaterListener>();
+    {
+        StructuralMetadata other;
+        other->addMetadataListener(listener, false);
+        auto const & package = other.make<MaterialPackage>();
+        changeTrack();
+        listener->commit();
+        EXPECT_NE(package.packageModifiedDate(), nullptr);
+        EXPECT_NE(preface.lastModifiedDate(), nullptr);
+    }
+    preface.lastModifiedDate(nullptr);
+    listener->commit();
+    EXPECT_NE(preface.lastModifiedDate(), nullptr);
+}
+
 // Sets that own each other are all dated, once.
 TEST_F(Commit, OfTheDateEndsInACircle)
 {
@@ -195,6 +231,14 @@ TEST_F(CommitWithoutGeneration, LeavesSetsUnstamped)
     changeTrack();
     listener->commit();
     EXPECT_EQ(track.generation(), nullptr);
+
+    // The Preface can't have one either, so none is left behind.
+    listener->reset();
+    unsigned int const size = metadata->size();
+    changeTrack();
+    EXPECT_THROW(listener->commit(), Exceptions::NotFound);
+    EXPECT_EQ(metadata->size(), size);
+    EXPECT_EQ(preface.identificationsCount(), 0U);
 }
 
 }}}

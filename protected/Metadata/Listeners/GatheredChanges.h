@@ -33,13 +33,14 @@ public:
         body();
         createdSets_.clear();
         modifiedSets_.clear();
+        partitions_.clear();
         committing_ = false;
     }
 
-    /// The partition that the first change was in; null before that.
-    PartitionMetadata * metadata() const { return metadata_; }
+    /// The partition that the first change was in; only when there was one.
+    PartitionMetadata & metadata() const { return *partitions_.front(); }
 
-    /// Those that are in the partition still. Others were removed, or failed
+    /// Those that are in their partition still. Others were removed, or failed
     /// to load after their first values were told.
     Templates::vector<MetadataSet *> createdSets() const { return present(createdSets_); }
     Templates::vector<MetadataSet *> modifiedSets() const { return present(modifiedSets_); }
@@ -51,7 +52,9 @@ private:
     Templates::vector<MetadataSet *> present(Sets const & sets) const;
 
     bool committing_ = false;
-    PartitionMetadata * metadata_ = nullptr;
+    // In which something has changed. They are forgotten with the changes: the
+    // listener may outlive them.
+    Templates::vector<PartitionMetadata *> partitions_;
     Sets createdSets_;
     Sets modifiedSets_;
 };

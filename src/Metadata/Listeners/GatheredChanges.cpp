@@ -21,12 +21,12 @@ void GatheredChanges::modified(MetadataSet & set)
 
 bool GatheredChanges::hears(MetadataSet const & set)
 {
-    auto * const owner = dynamic_cast<PartitionMetadata *>(set.owner());
+    auto * const owner = committing_ ? nullptr : dynamic_cast<PartitionMetadata *>(set.owner());
     if (owner == nullptr)
         return false;
-    if (metadata_ == nullptr)
-        metadata_ = owner;
-    return !committing_;
+    if (std::find(partitions_.begin(), partitions_.end(), owner) == partitions_.end())
+        partitions_.push_back(owner);
+    return true;
 }
 
 Templates::vector<MetadataSet *> GatheredChanges::present(Sets const & sets) const
@@ -34,9 +34,10 @@ Templates::vector<MetadataSet *> GatheredChanges::present(Sets const & sets) con
     Templates::vector<MetadataSet *> found;
     if (sets.empty())
         return found;
-    for (auto const & entry : *metadata_)
-        if (sets.count(entry.second) != 0)
-            found.push_back(entry.second);
+    for (PartitionMetadata const * metadata : partitions_)
+        for (auto const & entry : *metadata)
+            if (sets.count(entry.second) != 0)
+                found.push_back(entry.second);
     std::sort(found.begin(), found.end());
     return found;
 }

@@ -1,6 +1,8 @@
 #include "Metadata/Listeners/GenerationUIDWriterListener.h"
 
+#include "MetaMetadata/MetaElement.h"
 #include "Metadata/Listeners/GatheredChanges.h"
+#include "Metadata/MetadataULs.h"
 #include "Metadata/PartitionMetadata.h"
 #include "Metadata/Structural/Accessors.h"
 #include "Metadata/Structural/Identification.h"
@@ -13,29 +15,25 @@ namespace Vantry { namespace Metadata { namespace Listeners {
 
 namespace {
 
-// Makes it the last one of the Preface and the one that changed it.
-void enterInPreface(PartitionMetadata const & metadata, Structural::Identification & identification)
-{
-    Types::UUID const generation = Types::Factories::UID::generateUUID(Types::Factories::UID::TIME_SNAP_VERSION_1);
-    identification.thisGenerationUID(&generation);
-
-    Structural::Preface & preface = Structural::findPreface(metadata);
-    preface.addIdentification(preface.identificationsCount(), &identification);
-    preface.generation(&identification);
-}
-
+// A new one, the last of the Preface and the one that changed it.
 Structural::Identification & makeIdentification(PartitionMetadata & metadata)
 {
-    Structural::findPreface(metadata);
+    Structural::Preface & preface = Structural::findPreface(metadata);
+    unsigned int const index = preface.identificationsCount();
     MetadataSet & set = *metadata.createMetadataSet(Structural::StructuralMetadataKeys::identification());
     try
     {
         auto & identification = dynamic_cast<Structural::Identification &>(set);
-        enterInPreface(metadata, identification);
+        Types::UUID const generation = Types::Factories::UID::generateUUID(Types::Factories::UID::TIME_SNAP_VERSION_1);
+        identification.thisGenerationUID(&generation);
+        preface.addIdentification(index, &identification);
+        preface.generation(&identification);
         return identification;
     }
     catch (...)
     {
+        if (preface.identificationsCount() > index)
+            preface.removeIdentification(index);
         metadata.removeMetadataSet(Types::UUID(*set.instanceUID()));
         throw;
     }
@@ -56,7 +54,7 @@ public:
             return;
 
         if (identification == nullptr)
-            identification = &makeIdentification(*changes.metadata());
+            identification = &makeIdentification(changes.metadata());
         for (MetadataSet * set : modified)
             stamp(*set);
         for (MetadataSet * set : created)
@@ -69,9 +67,12 @@ public:
 private:
     void stamp(MetadataSet & set) const
     {
+        Types::UniversalLabel const & label = Structural::Labels::generationUID();
         Types::UUID const * const generation = identification->thisGenerationUID();
-        if (generation != nullptr && set.findElement(Structural::Labels::generationUID()) != nullptr)
-            Structural::setValue(set, Structural::Labels::generationUID(), generation);
+        bool const isTrackable = dynamic_cast<Structural::TrackableMetadataSet const *>(&set) != nullptr;
+        // Without a generation to tell, the old one is wrong all the same.
+        if (set.findElement(label) != nullptr && (generation != nullptr || isTrackable))
+            Structural::setValue(set, label, generation);
     }
 };
 
@@ -104,11 +105,8 @@ void GenerationUIDWriterListener::createdMetadataSet(MetadataSet * set)
     impl_->changes.created(*set);
 }
 
-void GenerationUIDWriterListener::removedMetadataSet(MetadataSet * set)
-{
-    if (set == impl_->identification)
-        reset();
-}
+// Another listener may keep it there yet.
+void GenerationUIDWriterListener::removedMetadataSet(MetadataSet *) {}
 
 void GenerationUIDWriterListener::addedElement(MetadataSet & set, MetaMetadata::MetaElement const *, Element &,
                                                Types::BaseType const &)
@@ -135,10 +133,15 @@ void GenerationUIDWriterListener::updatedElementCollection(MetadataSet & set, Me
     impl_->changes.modified(set);
 }
 
-void GenerationUIDWriterListener::removedElement(MetadataSet & set, MetaMetadata::MetaElement const *, Element &,
-                                                 Types::BaseType const &)
+void GenerationUIDWriterListener::removedElement(MetadataSet & set, MetaMetadata::MetaElement const * metaElement,
+                                                 Element &, Types::BaseType const &)
 {
     impl_->changes.modified(set);
+
+    // A set has its identifier until it goes for good.
+    if (&set == impl_->identification && metaElement != nullptr &&
+        metaElement->universalLabel() == MetadataULs::instanceUID())
+        reset();
 }
 
 }}}

@@ -22,7 +22,7 @@ void stamp(MetadataSet & set, Types::Timestamp const & now)
 }
 
 // Each set once, however many paths lead to it.
-void stampWithOwners(PartitionMetadata const & metadata, Templates::vector<MetadataSet *> pending)
+void stampWithOwners(Templates::vector<MetadataSet *> pending)
 {
     Types::Timestamp const now = Types::Factories::TimeStamp::getCurrentDate();
     std::set<MetadataSet *, std::less<>, Platform::Allocator<MetadataSet *>> stamped;
@@ -33,7 +33,7 @@ void stampWithOwners(PartitionMetadata const & metadata, Templates::vector<Metad
         if (!stamped.insert(&set).second)
             continue;
         stamp(set, now);
-        metadata.parentSets(&set, pending);
+        dynamic_cast<PartitionMetadata const &>(*set.owner()).parentSets(&set, pending);
     }
 }
 
@@ -61,7 +61,7 @@ void LastModifiedDateUpdaterListener::commit()
         {
             auto const modified = impl_->changes.modifiedSets();
             if (!modified.empty())
-                stampWithOwners(*impl_->changes.metadata(), modified);
+                stampWithOwners(modified);
         });
 }
 
