@@ -15,11 +15,6 @@ using Templates::SharedPtr;
 
 namespace {
 
-SharedPtr<SliceSource> pieces(CountingBlocks & blocks, std::vector<Bytes> const & bytes)
-{
-    return SharedPtr<SliceSource>(new PieceSource(blocks, bytes));
-}
-
 unsigned char const STUFFING = 3;
 
 class StuffedReader : public BitSliceReader
@@ -65,7 +60,7 @@ TEST(BitSliceReader, TakesBitsLikeOneByOne)
             byte = static_cast<unsigned char>(stuffed && upTo(3) == 0 ? STUFFING : upTo(255));
         std::vector<Bit> const bits = bitsOf(stream, stuffed);
 
-        SharedPtr<SliceSource> const source = pieces(blocks, cutAtRandom(stream, 1 + upTo(20), random));
+        SharedPtr<SliceSource> const source = pieceSource(blocks, cutAtRandom(stream, 1 + upTo(20), random));
         BitSliceReader plainReader(source);
         StuffedReader stuffedReader(source);
         BitSliceReader & reader = stuffed ? stuffedReader : plainReader;
@@ -107,7 +102,7 @@ TEST(BitSliceReader, TakesBitsLikeOneByOne)
 TEST(BitSliceReader, GoesOnByBytesBehindTheBits)
 {
     CountingBlocks blocks;
-    BitSliceReader reader(pieces(blocks, {hex("AB CD EF"), hex("01 02")}));
+    BitSliceReader reader(pieceSource(blocks, {hex("AB CD EF"), hex("01 02")}));
 
     unsigned char bits[2];
     reader.readBits(12, bits);
@@ -127,7 +122,7 @@ TEST(BitSliceReader, TellsThatTheBitsRunOut)
 {
     char const * const AT_THE_END = "!this -> eof (): Not enough data to read from the source";
     CountingBlocks blocks;
-    BitSliceReader reader(pieces(blocks, {hex("01"), hex("02 03")}));
+    BitSliceReader reader(pieceSource(blocks, {hex("01"), hex("02 03")}));
 
     unsigned char bits[4];
     reader.readBits(3, bits);

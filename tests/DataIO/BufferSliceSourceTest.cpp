@@ -9,10 +9,8 @@ namespace Vantry { namespace Tests {
 
 using DataIO::BufferSliceSource;
 using DataIO::Slice;
-using DataIO::SliceSource;
 using DataIO::SliceSourceTee;
 using Templates::auto_ptr;
-using Templates::SharedPtr;
 
 TEST(BufferSliceSource, HandsSlicesOnAsTheyCame)
 {
@@ -63,8 +61,8 @@ TEST(SliceSourceTee, ShowsTheSinkWhatPasses)
     };
 
     Sink sink;
-    SliceSourceTee tee(SharedPtr<SliceSource>(new PieceSource(blocks, pieces)), &sink);
-    SliceSourceTee alone(SharedPtr<SliceSource>(new PieceSource(blocks, pieces)), nullptr);
+    SliceSourceTee tee(pieceSource(blocks, pieces), &sink);
+    SliceSourceTee alone(pieceSource(blocks, pieces), nullptr);
     for (SliceSourceTee * each : {&tee, &alone})
     {
         EXPECT_EQ(bytesOf(*each->read(4)), counting(4));

@@ -19,17 +19,12 @@ namespace {
 
 char const * const NOT_ENOUGH_DATA = "Not enough data to read from the source";
 
-SharedPtr<SliceSource> pieces(CountingBlocks & blocks, std::vector<Bytes> const & bytes)
-{
-    return SharedPtr<SliceSource>(new PieceSource(blocks, bytes));
-}
-
 }
 
 TEST(SliceReader, CopiesOnlyAcrossBlocks)
 {
     CountingBlocks blocks;
-    SliceReader reader(pieces(blocks, {counting(4), counting(100, 4)}));
+    SliceReader reader(pieceSource(blocks, {counting(4), counting(100, 4)}));
 
     EXPECT_EQ(bytesOf(*reader.read(10)), counting(10));
     EXPECT_EQ(blocks.made(), 3) << "a block for the joined bytes";
@@ -51,7 +46,7 @@ TEST(SliceReader, CopiesOnlyAcrossBlocks)
 TEST(SliceReader, AlignsWhatItGives)
 {
     CountingBlocks blocks;
-    SliceReader reader(pieces(blocks, {counting(10), counting(3, 10), counting(9, 13), counting(1, 22)}));
+    SliceReader reader(pieceSource(blocks, {counting(10), counting(3, 10), counting(9, 13), counting(1, 22)}));
 
     EXPECT_EQ(reader.nextSliceAligned(7, 4)->size(), 7u) << "as much as was asked for";
     EXPECT_EQ(reader.nextSliceAligned(100, 4)->size(), 4u) << "3 bytes are joined with the next";
@@ -63,7 +58,7 @@ TEST(SliceReader, AlignsWhatItGives)
 TEST(SliceReader, LeavesWhatIsTooShort)
 {
     CountingBlocks blocks;
-    SliceReader reader(pieces(blocks, {counting(4), counting(2, 4)}));
+    SliceReader reader(pieceSource(blocks, {counting(4), counting(2, 4)}));
 
     EXPECT_FAILURE(NotEnoughData, NOT_ENOUGH_DATA, reader.readAligned(10));
     EXPECT_EQ(reader.absoluteOffset(), 0u);

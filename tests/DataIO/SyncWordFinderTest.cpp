@@ -50,7 +50,7 @@ Expected naive(Bytes const & bytes, UInt64 from, UInt64 maximum, UInt32 word, UI
 void checkSearches(Bytes const & bytes, std::vector<Bytes> const & pieces, UInt64 maximum, UInt32 word, UInt32 mask)
 {
     CountingBlocks blocks;
-    SliceReader reader(SharedPtr<SliceSource>(new PieceSource(blocks, pieces)));
+    SliceReader reader(pieceSource(blocks, pieces));
     SyncWordFinder finder(reader, word, mask);
     int const made = blocks.made();
 
@@ -172,7 +172,7 @@ TEST(SyncWordFinder, LetsGoOfWhatItPasses)
 TEST(SyncWordFinder, LooksThroughAWindow)
 {
     CountingBlocks blocks;
-    SliceReader reader(SharedPtr<SliceSource>(new PieceSource(blocks, {})));
+    SliceReader reader(pieceSource(blocks, {}));
     SyncWordFinder finder(reader, START_CODE, START_CODE_MASK);
 
     Bytes const window = hex("00 00 00 00 00 00 01 09");

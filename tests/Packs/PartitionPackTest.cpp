@@ -15,11 +15,7 @@
 namespace Vantry { namespace Packs { namespace {
 
 using Templates::auto_ptr;
-using Tests::Bytes;
-using Tests::BytesPacket;
-using Tests::hex;
-using Tests::repeated;
-using Tests::serialized;
+using namespace Tests;
 using Types::Batch;
 using Types::SimpleDataType;
 using Types::UniversalLabel;

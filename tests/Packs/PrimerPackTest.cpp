@@ -13,11 +13,7 @@
 
 namespace Vantry { namespace Packs { namespace {
 
-using Tests::Bytes;
-using Tests::BytesPacket;
-using Tests::hex;
-using Tests::repeated;
-using Tests::serialized;
+using namespace Tests;
 using Types::LocalTag;
 using Types::UniversalLabel;
 

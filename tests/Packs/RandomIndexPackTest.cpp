@@ -13,11 +13,7 @@
 namespace Vantry { namespace Packs { namespace {
 
 using testing::ElementsAre;
-using Tests::Bytes;
-using Tests::BytesPacket;
-using Tests::hex;
-using Tests::repeated;
-using Tests::serialized;
+using namespace Tests;
 
 Bytes const KEY = hex("06 0E 2B 34 02 05 01 01 0D 01 02 01 01 11 01 00");
 

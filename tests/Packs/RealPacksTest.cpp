@@ -20,11 +20,7 @@
 
 namespace Vantry { namespace Packs { namespace {
 
-using Tests::Bytes;
-using Tests::BytesPacket;
-using Tests::FFmpegFile;
-using Tests::hex;
-using Tests::serialized;
+using namespace Tests;
 
 // What the keys of all packs begin with. They are looked for byte by byte:
 // essence doesn't hold it by chance.

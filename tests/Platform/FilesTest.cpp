@@ -1,7 +1,7 @@
 #include "Platform/Files.h"
 
-#include "support/Bytes.h"
 #include "support/Failure.h"
+#include "support/ScratchFolder.h"
 
 #include "Exceptions/IOError.h"
 #include "Platform/WideLiteral.h"
@@ -10,7 +10,6 @@
 
 #include <csignal>
 #include <filesystem>
-#include <fstream>
 #include <iterator>
 #include <string>
 
@@ -27,33 +26,18 @@ namespace {
 class FilesTest : public testing::Test
 {
 protected:
-    FilesTest() : folder_(fs::temp_directory_path() / ("vantry-files-" + std::to_string(::getpid())))
-    {
-        fs::create_directory(folder_);
-    }
-
-    ~FilesTest() override { fs::remove_all(folder_); }
-
     Templates::wstring name(char const * file) const { return Platform::stringToWstring((folder_ / file).c_str()); }
 
-    void write(char const * file, Bytes const & content) const
-    {
-        std::ofstream(folder_ / file, std::ios::binary)
-            .write(reinterpret_cast<char const *>(content.data()), static_cast<std::streamsize>(content.size()));
-    }
-
-    Bytes content(char const * file) const
-    {
-        std::ifstream stream(folder_ / file, std::ios::binary);
-        return Bytes(std::istreambuf_iterator<char>(stream), {});
-    }
+    void write(char const * file, Bytes const & content) const { scratch_.write(file, content); }
+    Bytes content(char const * file) const { return Tests::readFile(folder_ / file); }
 
     bool copy(char const * from, char const * to) const
     {
         return Platform::copyFile(name(from).c_str(), name(to).c_str());
     }
 
-    fs::path folder_;
+    Tests::ScratchFolder const scratch_;
+    fs::path const & folder_ = scratch_.path();
 };
 
 }

@@ -12,10 +12,7 @@
 
 namespace Vantry { namespace Utils { namespace {
 
-using Tests::Bytes;
-using Tests::BytesSink;
-using Tests::hex;
-using Tests::repeated;
+using namespace Tests;
 
 // The first place at or behind `position` that lies on the grid and leaves
 // room for the fill, found by going there.

@@ -3,6 +3,7 @@
 #include "DataIO/BlockFactory.h"
 #include "DataIO/Chain.h"
 #include "DataIO/SliceSource.h"
+#include "Templates/SharedPtr.h"
 #include "support/Bytes.h"
 
 #include <algorithm>
@@ -113,6 +114,12 @@ private:
     std::deque<DataIO::Slice *> pieces_;
     UInt64 offset_ = 0;
 };
+
+/// A source of such pieces for who takes it over.
+inline Templates::SharedPtr<DataIO::SliceSource> pieceSource(CountingBlocks & blocks, std::vector<Bytes> const & pieces)
+{
+    return Templates::SharedPtr<DataIO::SliceSource>(new PieceSource(blocks, pieces));
+}
 
 /// `bytes` in pieces of up to `longest` bytes, some of them empty.
 template <class Random>

@@ -1,6 +1,7 @@
 #include "DataIO/File/FileSliceSource.h"
 
 #include "DataIO/Memory/MemoryBlockFactory.h"
+#include "support/Slices.h"
 #include "support/TemporaryFile.h"
 
 #include <gtest/gtest.h>
@@ -14,11 +15,6 @@ using DataIO::File::FileSliceSource;
 namespace {
 
 UInt64 const SIZE = 2500000;
-
-Bytes bytesOf(DataIO::Slice const & slice)
-{
-    return Bytes(slice.begin(), slice.end());
-}
 
 // Gives blocks that are larger than wanted.
 class GenerousFactory : public DataIO::BlockFactory
