@@ -2,12 +2,9 @@
 
 #include <string>
 
-namespace CLI {
-class App;
-}
-
 namespace Vantry { namespace Application {
 
+class Options;
 class Output;
 struct CommonOptions;
 
@@ -31,7 +28,7 @@ public:
     virtual char const * jsonForm() const { return "Give the result as one JSON object on standard output"; }
 
     /// Adds the options and files of this command alone.
-    virtual void declareOptions(CLI::App & options) = 0;
+    virtual void declareOptions(Options & options) = 0;
 
     /// Does the job.
     ///

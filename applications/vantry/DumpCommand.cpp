@@ -4,6 +4,7 @@
 #include "Failure.h"
 #include "Input.h"
 #include "KLV/Packet.h"
+#include "Options.h"
 #include "Output.h"
 #include "PackFacts.h"
 #include "PacketFaults.h"
@@ -12,7 +13,6 @@
 #include "SchemaInUse.h"
 #include "SetNames.h"
 
-#include <CLI/CLI.hpp>
 #include <fmt/format.h>
 #include <memory>
 
@@ -102,9 +102,9 @@ char const * DumpCommand::jsonForm() const
     return "Print a JSON object a line, one for each packet or gap";
 }
 
-void DumpCommand::declareOptions(CLI::App & options)
+void DumpCommand::declareOptions(Options & options)
 {
-    options.add_option("FILE", file_, "The file to list, or - for standard input")->required()->type_name("");
+    options.file(file_, "The file to list, or - for standard input");
 }
 
 void DumpCommand::run(CommonOptions const & common, Output & output)

@@ -7,6 +7,7 @@
 #include "Input.h"
 #include "MetadataPage.h"
 #include "MetadataTree.h"
+#include "Options.h"
 #include "Output.h"
 #include "PartitionSearch.h"
 #include "Schema/Dictionaries.h"
@@ -14,7 +15,6 @@
 #include "SetNames.h"
 #include "Text.h"
 
-#include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
 
 namespace Vantry { namespace Application {
@@ -73,11 +73,10 @@ char const * InfoCommand::example() const
     return "vantry info --metadata a.mxf";
 }
 
-void InfoCommand::declareOptions(CLI::App & options)
+void InfoCommand::declareOptions(Options & options)
 {
-    options.add_option("FILE", file_, "The file to tell of")->required()->type_name("");
-    options.add_flag("--metadata", "List the metadata sets of the header partition with all that is in them")
-        ->required();
+    options.file(file_, "The file to tell of");
+    options.requiredFlag("--metadata", "List the metadata sets of the header partition with all that is in them");
 }
 
 void InfoCommand::run(CommonOptions const & common, Output & output)

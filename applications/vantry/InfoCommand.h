@@ -11,7 +11,7 @@ public:
     char const * name() const override { return "info"; }
     char const * summary() const override;
     char const * example() const override;
-    void declareOptions(CLI::App & options) override;
+    void declareOptions(Options & options) override;
     void run(CommonOptions const & common, Output & output) override;
     std::string const & fileInHand() const override { return file_; }
 

@@ -4,6 +4,7 @@
 #include "CommonOptions.h"
 #include "Exceptions/BaseException.h"
 #include "Failure.h"
+#include "Options.h"
 #include "Output.h"
 #include "Text.h"
 #include "Version.h"
@@ -28,14 +29,40 @@ ExitStatus fail(ExitStatus status, std::string const & what)
     return status;
 }
 
-void declareCommonOptions(CLI::App & options, Command const & command, CommonOptions & common)
+/// Hands declarations to the parser.
+class ParsedOptions : public Options
 {
-    options.add_flag("--json", common.json, command.jsonForm());
-    options.add_flag("--quiet", common.quiet, "Show no progress bar");
-    options
-        .add_option("--dictionary", common.dictionary,
-                    "Take sets and names from this schema file too, in place of built-in ones")
-        ->type_name("FILE");
+public:
+    explicit ParsedOptions(CLI::App & parser) : parser_(parser) {}
+
+    void file(std::string & target, char const * help) override
+    {
+        parser_.add_option("FILE", target, help)->required()->type_name("");
+    }
+
+    void flag(char const * name, bool & target, char const * help) override { parser_.add_flag(name, target, help); }
+
+    void requiredFlag(char const * name, char const * help) override
+    {
+        std::string const description = help;
+        parser_.add_flag(name, description)->required();
+    }
+
+    void text(char const * name, std::string & target, char const * valueName, char const * help) override
+    {
+        parser_.add_option(name, target, help)->type_name(valueName);
+    }
+
+private:
+    CLI::App & parser_;
+};
+
+void declareCommonOptions(Options & options, Command const & command, CommonOptions & common)
+{
+    options.flag("--json", common.json, command.jsonForm());
+    options.flag("--quiet", common.quiet, "Show no progress bar");
+    options.text("--dictionary", common.dictionary, "FILE",
+                 "Take sets and names from this schema file too, in place of built-in ones");
 }
 
 /// What has been delivered goes ahead of the line about the failure.
@@ -155,8 +182,10 @@ ExitStatus Program::parseAndRun(int argumentCount, char const * const * argument
         own->group("Commands");
         own->footer("Example: " + std::string(command->example()));
         own->callback([&chosen, &command] { chosen = command.get(); });
-        command->declareOptions(*own);
-        declareCommonOptions(*own, *command, common);
+
+        ParsedOptions declared(*own);
+        command->declareOptions(declared);
+        declareCommonOptions(declared, *command, common);
     }
 
     try

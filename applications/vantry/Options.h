@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+
+namespace Vantry { namespace Application {
+
+/// Takes the declarations of what a command can be told. The targets are
+/// filled in from the command line before the command runs.
+///
+/// Commands don't see the parser behind it: its header takes longer to compile
+/// than all of a command.
+class Options
+{
+public:
+    virtual ~Options() = default;
+
+    /// The one file that the command works on.
+    virtual void file(std::string & target, char const * help) = 0;
+
+    /// A switch, off unless it is given.
+    virtual void flag(char const * name, bool & target, char const * help) = 0;
+
+    /// A switch without which the command has nothing to do.
+    virtual void requiredFlag(char const * name, char const * help) = 0;
+
+    /// An option with a value, which the help calls `valueName`.
+    virtual void text(char const * name, std::string & target, char const * valueName, char const * help) = 0;
+};
+
+}}
