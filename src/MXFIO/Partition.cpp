@@ -56,11 +56,6 @@ bool isIndexTableSegment(KLV::Key const & key)
     return key == IndexTables::IndexTableSegment::key() || key == FIRST_KEY;
 }
 
-Templates::string hexNumber(UInt64 value)
-{
-    return "0x" + Utils::hexadecimal(value);
-}
-
 }
 
 class Partition::Impl
@@ -139,7 +134,7 @@ Templates::auto_ptr<Packs::PrimerPack> Partition::Impl::readPrimer(KLV::Reader &
     UInt64 skipped = 0;
     Templates::auto_ptr<KLV::Packet> const packet = packets.nextKLV(skipped, searchLimit);
     if (packet->key() != Packs::PrimerPack::key())
-        VANTRY_FAIL(InvalidFormat, "This partition (" + hexNumber(partitionAbsoluteOffset) +
+        VANTRY_FAIL(InvalidFormat, "This partition (0x" + Utils::hexadecimal(partitionAbsoluteOffset) +
                                        ") does not have a primer pack at the beginning of the metadata.");
 
     Templates::auto_ptr<Packs::PrimerPack> primer(new Packs::PrimerPack(*packet));
@@ -338,8 +333,8 @@ void Partition::gotoBodyRelativePosition(UInt64 position)
 {
     UInt64 const bodyOffset = partitionPack().bodyOffset();
     if (position < bodyOffset)
-        VANTRY_FAIL(InvalidPosition, "Trying to seek to " + hexNumber(position) + " but partition (" +
-                                         hexNumber(partitionPack().thisPartition()) + ") body starts at " +
+        VANTRY_FAIL(InvalidPosition, "Trying to seek to 0x" + Utils::hexadecimal(position) + " but partition (0x" +
+                                         Utils::hexadecimal(partitionPack().thisPartition()) + ") body starts at " +
                                          Utils::hexadecimal(bodyOffset));
 
     impl_->state = PartitionInBody;

@@ -27,7 +27,7 @@ UInt64 const STRETCH = STEP + 16;
 UInt64 const KEY_START_SIZE = 4;
 
 // Bytes that are read at once for many steps. Most footers end soon.
-UInt64 const FIRST_BLOCK = 65536;
+UInt64 const FIRST_BLOCK = 131072;
 UInt64 const LARGEST_BLOCK = 262144;
 
 bool isFooter(Partition const & partition)
