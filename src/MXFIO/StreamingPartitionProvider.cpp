@@ -1,0 +1,59 @@
+#include "MXFIO/StreamingPartitionProvider.h"
+
+#include "DataIO/RandomAccessDataSource.h"
+#include "MXFIO/Partition.h"
+#include "MXFIO/Reader2.h"
+#include "MXFIO/SaturatingSum.h"
+#include "Packs/PartitionPack.h"
+
+#include <iterator>
+
+namespace Vantry { namespace MXFIO {
+
+StreamingPartitionProvider::StreamingPartitionProvider(Reader2 & reader, unsigned int bodySID) :
+    reader_(reader), bodySID_(bodySID)
+{
+}
+
+StreamingPartitionProvider::~StreamingPartitionProvider() = default;
+
+Partition * StreamingPartitionProvider::partitionContaining(UInt64 bodyOffset, Int64)
+{
+    refresh();
+    auto const behind = partitions_.upper_bound(bodyOffset);
+    if (behind == partitions_.begin())
+        return nullptr;
+
+    auto const at = std::prev(behind);
+    return bodyOffset - at->first < lengthOf(at) ? at->second : nullptr;
+}
+
+// Takes in what the reader has met since the last time; nothing is looked for
+// but what lies between.
+void StreamingPartitionProvider::refresh()
+{
+    Partition * const newest = partitions_.empty() ? nullptr : partitions_.rbegin()->second;
+    Partition * partition = reader_.lastLoadedPartition();
+    if (partition != nullptr && partition->partitionPack().bodySID() != bodySID_)
+        partition = reader_.previousPartition(partition, bodySID_);
+
+    for (; partition != nullptr && partition != newest; partition = reader_.previousPartition(partition, bodySID_))
+        partitions_[partition->partitionPack().bodyOffset()] = partition;
+}
+
+UInt64 StreamingPartitionProvider::lengthOf(Partitions::const_iterator at)
+{
+    auto const next = std::next(at);
+    if (next != partitions_.end())
+        return next->first - at->first;
+
+    UInt64 const body = at->second->bodyAbsoluteOffset();
+    Partition const * const follower =
+        at->second != reader_.lastLoadedPartition() ? reader_.nextPartition(at->second) : nullptr;
+    DataIO::RandomAccessDataSource const & source = reader_.source();
+    UInt64 const end = follower != nullptr ? follower->partitionAbsoluteOffset()
+                                           : saturatingSum(source.absoluteOffset(), source.remaining());
+    return end > body ? end - body : 0;
+}
+
+}}
