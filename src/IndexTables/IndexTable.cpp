@@ -3,8 +3,7 @@
 #include "Exceptions/Check.h"
 #include "Exceptions/InvalidID.h"
 #include "IndexTables/IndexTableSegment.h"
-#include "IndexTables/SegmentPlaces.h"
-#include "Templates/Containers.h"
+#include "IndexTables/SegmentMap.h"
 
 #include <memory>
 
@@ -19,8 +18,7 @@ public:
 
     unsigned int indexSID;
     unsigned int bodySID;
-    Templates::vector<std::unique_ptr<IndexTableSegment>> segments;
-    SegmentPlaces places;
+    SegmentMap<std::unique_ptr<IndexTableSegment>> segments;
 };
 
 IndexTable::IndexTable(unsigned int indexSID, unsigned int bodySID) : impl_(new Impl(indexSID, bodySID)) {}
@@ -37,19 +35,14 @@ void IndexTable::add(Templates::auto_ptr<IndexTableSegment> segment, bool allowD
     if (segment->indexSID() && segment->indexSID()->value() != impl_->indexSID)
         VANTRY_FAIL(InvalidID, "Trying to load a IndexTable segment into a IndexTable with different indexSIDs");
 
-    Int64 const start = segment->indexStartPosition().value();
-    Int64 const duration = segment->indexDuration().value();
-    if (!allowDuplicates && impl_->places.contains(start, duration))
-        return;
-
-    impl_->segments.emplace_back(segment.release());
-    impl_->places.add(start, duration);
+    if (allowDuplicates || !impl_->segments.hasLike(*segment))
+        impl_->segments.add(std::unique_ptr<IndexTableSegment>(segment.release()));
 }
 
 IndexTableSegment * IndexTable::find(Int64 position) const
 {
-    std::size_t const found = impl_->places.find(position);
-    return found == SegmentPlaces::NONE ? nullptr : impl_->segments[found].get();
+    auto const * const found = impl_->segments.find(position);
+    return found ? found->get() : nullptr;
 }
 
 unsigned int IndexTable::bodySID() const

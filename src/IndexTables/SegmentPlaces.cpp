@@ -20,11 +20,18 @@ Int64 lastOf(Int64 start, Int64 duration)
 
 void SegmentPlaces::add(Int64 start, Int64 duration)
 {
-    spans_.insert({start, duration});
-
     // A negative duration covers nothing, but the segment has its number.
     Int64 const last = duration < 0 ? start : lastOf(start, duration);
     nodes_.push_back({start, last, last, NONE, NONE, 1});
+    try
+    {
+        spans_.insert({start, duration});
+    }
+    catch (...)
+    {
+        nodes_.pop_back();
+        throw;
+    }
     if (duration >= 0)
         root_ = insert(root_, nodes_.size() - 1);
 }
