@@ -2,6 +2,8 @@
 
 #include "Exceptions/InvalidLength.h"
 #include "Exceptions/InvalidPartitionStatus.h"
+#include "IndexTables/IndexTableSegment.h"
+#include "KLV/KeyPredicates.h"
 #include "KLV/Packet.h"
 #include "Packs/PartitionPack.h"
 #include "Packs/PrimerPack.h"
@@ -155,6 +157,51 @@ private:
     Packs::RandomIndexPack pack_;
 };
 
+class IndexFacts : public PackFacts
+{
+public:
+    explicit IndexFacts(KLV::Packet & packet) : segment_(packet, nullptr) {}
+
+    void appendPlain(fmt::memory_buffer & text) const override
+    {
+        auto const out = std::back_inserter(text);
+        fmt::format_to(out, ": from edit unit {}", segment_.indexStartPosition().value());
+        if (segment_.indexDuration().value() != 0)
+            fmt::format_to(out, ", {} edit units", segment_.indexDuration().value());
+        fmt::format_to(out, " at {}", editRate());
+        if (segment_.editUnitByteCount() && segment_.editUnitByteCount()->value() != 0)
+            fmt::format_to(out, ", {} bytes each", segment_.editUnitByteCount()->value());
+        fmt::format_to(out, ", {} entries, body SID {}", segment_.indexEntryCount(), segment_.bodySID().value());
+    }
+
+    void appendJson(fmt::memory_buffer & text) const override
+    {
+        fmt::format_to(std::back_inserter(text),
+                       R"("index_segment": {{"edit_rate": "{}", "start": {}, "duration": {}, )"
+                       R"("edit_unit_byte_count": {}, "index_sid": {}, "body_sid": {}, "slice_count": {}, )"
+                       R"("position_table_count": {}, "delta_entries": {}, "entries": {}}})",
+                       editRate(), segment_.indexStartPosition().value(), segment_.indexDuration().value(),
+                       numberOrNull(segment_.editUnitByteCount()), numberOrNull(segment_.indexSID()),
+                       segment_.bodySID().value(), numberOrNull(segment_.sliceCount()),
+                       numberOrNull(segment_.posTableCount()), segment_.deltaEntryCount(), segment_.indexEntryCount());
+    }
+
+private:
+    std::string editRate() const
+    {
+        Types::Rational const & rate = segment_.indexEditRate();
+        return fmt::format("{}/{}", rate.numerator(), rate.denominator());
+    }
+
+    template <class Number>
+    static std::string numberOrNull(Number const * number)
+    {
+        return number ? std::to_string(number->value()) : "null";
+    }
+
+    IndexTables::IndexTableSegment segment_;
+};
+
 std::unique_ptr<PackFacts> read(KLV::Packet & packet)
 {
     if (Packs::isPartitionPack(packet.key()))
@@ -163,6 +210,8 @@ std::unique_ptr<PackFacts> read(KLV::Packet & packet)
         return std::make_unique<PrimerFacts>(packet);
     if (Packs::isRandomIndexPack(packet.key()))
         return std::make_unique<RandomIndexFacts>(packet);
+    if (KLV::isIndexTableKlvSegment(packet.key()))
+        return std::make_unique<IndexFacts>(packet);
     return nullptr;
 }
 

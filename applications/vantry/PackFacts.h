@@ -10,7 +10,8 @@ class Packet;
 
 namespace Application {
 
-/// What the value of a partition pack, primer or random index pack tells.
+/// What the value of a partition pack, primer, random index pack or index
+/// table segment tells.
 class PackFacts
 {
 public:

@@ -106,7 +106,7 @@ void compare(Ended const & dump, Expected const & expected)
         ASSERT_TRUE(std::getline(lines, line)) << "missing: " << record;
         Json got = Json::parse(line);
         EXPECT_EQ(got.erase("name"), record.contains("key")) << line;
-        for (char const * facts : {"partition", "primer", "entries"})
+        for (char const * facts : {"partition", "primer", "entries", "index_segment"})
             got.erase(facts);
         ASSERT_EQ(got.dump(), record.dump());
     }
@@ -182,38 +182,96 @@ TEST(Dump, CountsAsTheCatalogueOfSamplesDoes)
     }
 }
 
-TEST(Dump, ReadsPartitionPacksAsTheCatalogueOfSamplesDoes)
+namespace {
+
+/// Holds the facts of each sample's packs against what the catalogue lists.
+///
+/// \param list      what the catalogue calls the packs
+/// \param expected  makes the numbers of an item of that list
+/// \param member    what dump calls the facts
+/// \param got       makes the numbers of the facts
+void compareWithCatalogue(char const * list, Json (*expected)(Json const &), char const * member,
+                          Json (*got)(Json const &))
 {
-    VANTRY_NEEDS_SAMPLES();
     ScratchFolder const scratch;
     std::ifstream file(sampleFolder() / "catalogue.json");
     Json const catalogue = Json::parse(file);
     for (auto const & [name, entry] : catalogue.items())
     {
-        std::vector<Json> wanted;
-        for (Json const & p : entry["partition_list"])
-        {
-            std::string status = p["status"];
-            status[status.find_first_of("/-")] = '_';
-            wanted.push_back({p["at"], p["kind"] == "gstream" ? "body" : p["kind"], status, p["kag"], p["this"],
-                              p["prev"], p["footer"], p["hbc"], p["ibc"], p["isid"], p["bsid"], p["boff"], p["nec"]});
-        }
+        std::vector<Json> wanted, found;
+        for (Json const & item : entry[list])
+            wanted.push_back({item["at"], expected(item)});
 
-        std::vector<Json> got;
         std::istringstream lines(runVantry(scratch, "dump --json '" + (sampleFolder() / name).string() + "'").output);
         for (std::string line; std::getline(lines, line);)
         {
             Json const record = Json::parse(line);
-            if (!record.contains("partition"))
-                continue;
-            Json const & p = record["partition"];
-            got.push_back({record["offset"], p["kind"], p["status"], p["kag_size"], p["this_partition"],
-                           p["previous_partition"], p["footer_partition"], p["header_byte_count"],
-                           p["index_byte_count"], p["index_sid"], p["body_sid"], p["body_offset"],
-                           p["essence_containers"].size()});
+            if (record.contains(member))
+                found.push_back({record["offset"], got(record[member])});
         }
-        EXPECT_EQ(got, wanted) << name;
+        EXPECT_EQ(found, wanted) << name;
     }
+}
+
+}
+
+TEST(Dump, ReadsPartitionPacksAsTheCatalogueOfSamplesDoes)
+{
+    VANTRY_NEEDS_SAMPLES();
+    compareWithCatalogue(
+        "partition_list",
+        [](Json const & p) -> Json
+        {
+            std::string status = p["status"];
+            status[status.find_first_of("/-")] = '_';
+            return {p["kind"] == "gstream" ? "body" : p["kind"],
+                    status,
+                    p["kag"],
+                    p["this"],
+                    p["prev"],
+                    p["footer"],
+                    p["hbc"],
+                    p["ibc"],
+                    p["isid"],
+                    p["bsid"],
+                    p["boff"],
+                    p["nec"]};
+        },
+        "partition",
+        [](Json const & p) -> Json
+        {
+            return {p["kind"],
+                    p["status"],
+                    p["kag_size"],
+                    p["this_partition"],
+                    p["previous_partition"],
+                    p["footer_partition"],
+                    p["header_byte_count"],
+                    p["index_byte_count"],
+                    p["index_sid"],
+                    p["body_sid"],
+                    p["body_offset"],
+                    p["essence_containers"].size()};
+        });
+}
+
+TEST(Dump, ReadsIndexSegmentsAsTheCatalogueOfSamplesDoes)
+{
+    VANTRY_NEEDS_SAMPLES();
+    compareWithCatalogue(
+        "index_list",
+        [](Json const & i) -> Json
+        {
+            return {i["rate"], i["start"],  i["dur"], i["eubc"],    i["isid"],
+                    i["bsid"], i["slices"], i["pos"], i["entries"], i["deltas"]};
+        },
+        "index_segment",
+        [](Json const & i) -> Json
+        {
+            return {i["edit_rate"], i["start"],        i["duration"],    i["edit_unit_byte_count"],
+                    i["index_sid"], i["body_sid"],     i["slice_count"], i["position_table_count"],
+                    i["entries"],   i["delta_entries"]};
+        });
 }
 
 TEST(Dump, TellsWhatIsInPacks)
@@ -227,12 +285,16 @@ TEST(Dump, TellsWhatIsInPacks)
         hex("06 0E 2B 34 02 05 01 01 0D 01 02 01 01 05 01 00 2C 00000002 00000012 8001" + LABEL + "8001" + LABEL) +
         hex("06 0E 2B 34 02 05 01 01 0D 01 02 01 01 11 01 00 1C 00000001 00000000000003E8") +
         hex("00000000 0000000000000000 00000000") +
-        hex("06 0E 2B 34 02 05 01 01 0D 01 02 01 01 11 01 00 06 000000000000");
+        hex("06 0E 2B 34 02 05 01 01 0D 01 02 01 01 11 01 00 06 000000000000") +
+        hex("06 0E 2B 34 02 53 01 01 0D 01 02 01 01 10 01 00 20 3F0B0008 00000019 00000001 3F0D0008 0000000000000007") +
+        hex("3F050004 00001000") + hex("06 0E 2B 34 02 53 01 01 0D 01 02 01 01 10 01 00 05 3F050004 00");
     char const * const PLAIN = &R"(
            0  06.0e.2b.34.02.05.01.01.0d.01.02.01.01.02.04.00           104  Header Partition (closed, complete): header 4608 bytes, index 0 bytes, pattern 1.3.53.4.1.1.1.13.1.2.1.1.1.9, container 01.02.03.04.05.06.07.08.09.0a.0b.0c.0d.0e.0f.10
          121  06.0e.2b.34.02.05.01.01.0d.01.02.01.01.05.01.00            44  Primer Pack: 1 tags, 1 duplicates
          182  06.0e.2b.34.02.05.01.01.0d.01.02.01.01.11.01.00            28  Random Index Pack: SID 0 at 0, SID 1 at 1000
          227  06.0e.2b.34.02.05.01.01.0d.01.02.01.01.11.01.00             6  Random Index Pack
+         250  06.0e.2b.34.02.53.01.01.0d.01.02.01.01.10.01.00            32  Index Table Segment: from edit unit 0, 7 edit units at 25/1, 4096 bytes each, 0 entries, body SID 0
+         299  06.0e.2b.34.02.53.01.01.0d.01.02.01.01.10.01.00             5  Index Table Segment
 )"[1];
 
     ScratchFolder const scratch;
@@ -302,7 +364,7 @@ TEST(Dump, ShowsColumnsAndNames)
           37  06.0e.2b.34.02.53.01.01.0d.01.01.01.01.01.2f.00             0  Preface
           54  06.0e.2b.34.02.53.01.01.0d.01.04.01.01.01.01.00             0  ProductionFramework
           71  06.0e.2b.34.02.53.01.01.0d.01.01.01.02.20.00.00             0  Unknown Set
-          88  06.0e.2b.34.02.53.01.01.0d.01.02.01.01.10.01.00             0  Index Table Segment
+          88  06.0e.2b.34.02.53.01.01.0d.01.02.01.01.10.01.00             0  Index Table Segment: from edit unit 0 at 0/1, 0 entries, body SID 0
          105  06.0e.2b.34.01.01.01.02.03.01.02.10.01.00.00.00             0  Fill
          122  06.0e.2b.34.02.05.01.01.0d.01.02.01.01.03.01.00             0  Body Partition (open, incomplete)
          139  06.0e.2b.34.02.05.01.01.0d.01.02.01.01.03.02.00             0  Body Partition (closed, incomplete)
