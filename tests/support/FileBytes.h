@@ -4,14 +4,17 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 
 namespace Vantry { namespace Tests {
 
+/// The content of the file; nothing when there is none.
 inline Bytes readFile(std::filesystem::path const & path)
 {
-    std::ifstream file(path, std::ios::binary);
-    return Bytes(std::istreambuf_iterator<char>(file), {});
+    std::ifstream file(path, std::ios::binary | std::ios::ate);
+    Bytes bytes(file ? static_cast<std::size_t>(file.tellg()) : 0);
+    file.seekg(0);
+    file.read(reinterpret_cast<char *>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+    return bytes;
 }
 
 /// Replaces the content of the file, or makes it.
