@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Metadata/ElementCells.h"
 #include "Metadata/MetadataSet.h"
 #include "Templates/auto_ptr.h"
 
@@ -19,8 +20,8 @@ public:
     /// The element of a label, or null.
     Element * find(Types::UniversalLabel const & label) const noexcept;
 
-    /// Adds an element behind all others, whose labels are smaller.
-    void append(Templates::auto_ptr<Element> element);
+    /// Adds the elements of the schema, empty ones of `set`.
+    void appendSchema(MetadataSet & set);
 
     /// Puts an element in place of that with the same label.
     void put(Templates::auto_ptr<Element> element);
@@ -33,6 +34,9 @@ public:
     unsigned char berLength;
     Templates::vector<Entry> elements;
     Templates::vector<Element *> invalid;
+
+private:
+    ElementCells cells_;
 };
 
 }}

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Metadata/PartitionMetadata.h"
+#include "Metadata/SetRegister.h"
 #include "Types/UUID.h"
 
 namespace Vantry { namespace Metadata {
@@ -34,10 +34,10 @@ public:
 
     /// The owners of what has an identifier, in the order of `sets`. The range
     /// is good until the next call or change.
-    Range find(Types::UUID const & instanceUID, PartitionMetadata::MetadataSets const & sets);
+    Range find(Types::UUID const & instanceUID, SetRegister const & sets);
 
 private:
-    void make(PartitionMetadata::MetadataSets const & sets);
+    void make(SetRegister const & sets);
     void drop();
 
     Owners owners_;

@@ -49,19 +49,19 @@ void assignInvalid(MetadataSet const & set, PartitionDictionary & dictionary)
 
 }
 
-void assignLocalTags(PartitionMetadata::MetadataSets const & sets, PartitionDictionary & dictionary)
+void assignLocalTags(Templates::vector<MetadataSet *> const & sets, PartitionDictionary & dictionary)
 {
-    for (auto const & entry : sets)
-        reserveTags(*entry.second, dictionary);
+    for (MetadataSet const * set : sets)
+        reserveTags(*set, dictionary);
 
     // Sets of one schema mostly have the same valid elements.
     using Schema = MetaMetadata::MetaMetadataSet const *;
     std::set<Schema, std::less<>, Platform::Allocator<Schema>> done;
-    for (auto const & entry : sets)
+    for (MetadataSet const * set : sets)
     {
-        if (done.insert(entry.second->metaMetadataSet()).second || hasMoreThanItsSchema(*entry.second))
-            assignValid(*entry.second, dictionary);
-        assignInvalid(*entry.second, dictionary);
+        if (done.insert(set->metaMetadataSet()).second || hasMoreThanItsSchema(*set))
+            assignValid(*set, dictionary);
+        assignInvalid(*set, dictionary);
     }
 }
 

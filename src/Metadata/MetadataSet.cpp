@@ -60,11 +60,7 @@ MetadataSet::MetadataSet(KLV::Key const & key, MetaMetadata::MetaMetadataSet con
 
     Templates::auto_ptr<Impl> impl(new Impl(key, metaMetadataSet, owner));
     if (metaMetadataSet != nullptr)
-    {
-        impl->elements.reserve(metaMetadataSet->metaAttributeCount());
-        for (auto at = metaMetadataSet->metaAttributesBegin(); at != metaMetadataSet->metaAttributesEnd(); ++at)
-            impl->append(Templates::auto_ptr<Element>(ElementFactory::create(at->second, *this)));
-    }
+        impl->appendSchema(*this);
     impl_ = impl.release();
 }
 

@@ -1,8 +1,10 @@
 #include "Metadata/MetadataSetImpl.h"
 
+#include "MetaMetadata/MetaMetadataSet.h"
 #include "Metadata/Element.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace Vantry { namespace Metadata {
 
@@ -22,7 +24,11 @@ auto lowerBound(Entries & elements, Types::UniversalLabel const & label) noexcep
 
 MetadataSet::Impl::Impl(KLV::Key const & theKey, MetaMetadata::MetaMetadataSet const * theSchema,
                         MetadataSetOwner * theOwner) :
-    key(theKey), schema(theSchema), owner(theOwner), berLength(USUAL_BER_LENGTH)
+    key(theKey),
+    schema(theSchema),
+    owner(theOwner),
+    berLength(USUAL_BER_LENGTH),
+    cells_(theSchema != nullptr ? theSchema->metaAttributeCount() : 0)
 {
 }
 
@@ -31,8 +37,9 @@ MetadataSet::Impl::~Impl()
     // Out of the set first: listeners who look at it find no dead element.
     while (!elements.empty())
     {
-        Templates::auto_ptr<Element> const last(elements.back().second);
+        Element * const last = elements.back().second;
         elements.pop_back();
+        cells_.destroy(last);
     }
     while (!invalid.empty())
     {
@@ -47,23 +54,26 @@ Element * MetadataSet::Impl::find(Types::UniversalLabel const & label) const noe
     return place != elements.end() && place->first == label ? place->second : nullptr;
 }
 
-void MetadataSet::Impl::append(Templates::auto_ptr<Element> element)
+void MetadataSet::Impl::appendSchema(MetadataSet & set)
 {
-    elements.emplace_back(element->label(), element.get());
-    element.release();
+    elements.reserve(schema->metaAttributeCount());
+    for (auto place = schema->metaAttributesBegin(); place != schema->metaAttributesEnd(); ++place)
+    {
+        Element & element = cells_.create(place->second, set);
+        elements.emplace_back(element.label(), &element);
+    }
 }
 
 void MetadataSet::Impl::put(Templates::auto_ptr<Element> element)
 {
     auto const place = lowerBound(elements, element->label());
     if (place == elements.end() || place->first != element->label())
-        elements.emplace(place, element->label(), element.get());
-    else
     {
-        Templates::auto_ptr<Element> const old(place->second);
-        place->second = element.get();
+        elements.emplace(place, element->label(), element.get());
+        element.release();
+        return;
     }
-    element.release();
+    cells_.destroy(std::exchange(place->second, element.release()));
 }
 
 void MetadataSet::Impl::appendInvalid(Templates::auto_ptr<Element> element)

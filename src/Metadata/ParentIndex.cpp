@@ -62,19 +62,19 @@ ParentIndex::Change::~Change()
     index_->drop();
 }
 
-ParentIndex::Range ParentIndex::find(Types::UUID const & instanceUID, PartitionMetadata::MetadataSets const & sets)
+ParentIndex::Range ParentIndex::find(Types::UUID const & instanceUID, SetRegister const & sets)
 {
     if (!made_ || changes_ != 0)
         make(sets);
     return owners_.equal_range(instanceUID);
 }
 
-void ParentIndex::make(PartitionMetadata::MetadataSets const & sets)
+void ParentIndex::make(SetRegister const & sets)
 {
     drop();
     EnterOwner visitor(owners_);
-    for (auto const & entry : sets)
-        visitor.enter(*entry.second);
+    for (MetadataSet * set : sets.row())
+        visitor.enter(*set);
     made_ = true;
 }
 

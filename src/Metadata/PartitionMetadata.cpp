@@ -8,6 +8,7 @@
 #include "Metadata/DarkMetadataSet.h"
 #include "Metadata/DarkParsedGroup.h"
 #include "Metadata/ElementValue.h"
+#include "Metadata/HashedUUIDs.h"
 #include "Metadata/ListenerTable.h"
 #include "Metadata/Listeners/DefaultMetadataIndexListener.h"
 #include "Metadata/LocalTagAssignment.h"
@@ -16,10 +17,10 @@
 #include "Metadata/MetadataULs.h"
 #include "Metadata/ParentIndex.h"
 #include "Metadata/PartitionDictionary.h"
-#include "Metadata/PartitionMetadataUtils.h"
 #include "Metadata/SetOrder.h"
 #include "Metadata/SetRegister.h"
 #include "Metadata/SimpleElement.h"
+#include "Metadata/StrongTree.h"
 #include "Metadata/Structural/PackageOrder.h"
 #include "Packs/PrimerPack.h"
 #include "Types/Collection.h"
@@ -169,8 +170,8 @@ public:
     template <class Walk>
     void walk(Walk operation, Templates::vector<Element *> & elements) const
     {
-        for (auto const & entry : sets())
-            (entry.second->*operation)(elements);
+        for (MetadataSet const * set : setRegister.row())
+            (set->*operation)(elements);
     }
 
     Templates::auto_ptr<PartitionDictionary> const dictionary;
@@ -230,16 +231,17 @@ MetadataSet * PartitionMetadata::Impl::findByInstanceUID(Types::UUID const & ins
 ParentIndex::Range PartitionMetadata::Impl::parentsOf(MetadataSet const & child)
 {
     Types::UUID const * const instanceUID = child.instanceUID();
-    return instanceUID != nullptr ? parents.find(*instanceUID, sets()) : ParentIndex::Range();
+    return instanceUID != nullptr ? parents.find(*instanceUID, setRegister) : ParentIndex::Range();
 }
 
 void PartitionMetadata::Impl::computeSizes()
 {
     sizeOfValid = sizeOfAll = 0;
-    for (auto const & entry : sets())
+    for (MetadataSet const * set : setRegister.row())
     {
-        sizeOfValid += entry.second->serializedSize(false);
-        sizeOfAll += entry.second->serializedSize(true);
+        UInt64 const size = set->serializedSize(false);
+        sizeOfValid += size;
+        sizeOfAll += set->invalidSize() == 0 ? size : set->serializedSize(true);
     }
     sizesDue = false;
 }
@@ -254,7 +256,7 @@ UInt64 PartitionMetadata::Impl::darkSize() const
 
 void PartitionMetadata::Impl::writeHead(DataIO::DataSink & sink, PartitionMetadata & metadata, bool withPrimer) const
 {
-    SetOrder::checkInstanceUIDs(metadata);
+    SetOrder::checkInstanceUIDs(setRegister.row());
     if (!withPrimer)
         return;
     metadata.generateLocalTags();
@@ -410,7 +412,7 @@ void PartitionMetadata::generateLocalTags()
 {
     if (impl_->tagsDue)
     {
-        assignLocalTags(impl_->sets(), *impl_->dictionary);
+        assignLocalTags(impl_->setRegister.row(), *impl_->dictionary);
         impl_->tagsDue = false;
     }
     if (impl_->sizesDue)
@@ -436,15 +438,11 @@ unsigned int PartitionMetadata::calculateSerializationOrder(Templates::vector<Me
         VANTRY_FAIL(NotFound, "Didn't find MetadataSet with specified key.");
 
     order.push_back(preface->second);
-    InstanceUIDs visited;
-    getChildStrongReferencesRecursive(*this, *preface->second, order, visited, withInvalid, depthFirst);
+    HashedUUIDs visited(impl_->sets().size());
+    appendStrongTree(*this, *preface->second, order, visited, withInvalid, depthFirst);
 
-    SetOrder::Sets inTree(order);
-    std::sort(inTree.begin(), inTree.end(), std::less<>());
     std::size_t const treeSize = order.size();
-    for (auto const & entry : impl_->sets())
-        if (!std::binary_search(inTree.begin(), inTree.end(), entry.second, std::less<>()))
-            order.push_back(entry.second);
+    SetOrder::appendOthers(impl_->setRegister.row(), order);
     return static_cast<unsigned int>(order.size() - treeSize);
 }
 
@@ -466,7 +464,7 @@ void PartitionMetadata::serialize(DataIO::DataSink & sink, bool withDark, Serial
     {
     case PrefaceFirst:
         impl_->writeHead(sink, *this, withPrimer);
-        impl_->writeSets(sink, SetOrder::prefaceFirst(*this), withDark);
+        impl_->writeSets(sink, SetOrder::prefaceFirst(impl_->setRegister.row()), withDark);
         break;
     case ForwardDepthFirst:
     case NormalizedForward:

@@ -1,7 +1,7 @@
 #include "Metadata/PartitionMetadataUtils.h"
 
 #include "Metadata/PartitionMetadata.h"
-#include "Metadata/StrongRefVisitor.h"
+#include "Metadata/StrongTree.h"
 
 namespace Vantry { namespace Metadata {
 
@@ -23,30 +23,14 @@ void getChildStrongReferences(PartitionMetadata const & metadata, MetadataSet co
                               Templates::vector<MetadataSet const *> & children, InstanceUIDs & visited,
                               bool withInvalid)
 {
-    StrongRefVisitor(metadata, children, visited).visitElements(set, withInvalid);
+    StrongRefVisitor<InstanceUIDs>(metadata, children, visited).visitElements(set, withInvalid);
 }
 
 void getChildStrongReferencesRecursive(PartitionMetadata const & metadata, MetadataSet const & set,
                                        Templates::vector<MetadataSet const *> & order, InstanceUIDs & visited,
                                        bool withInvalid, bool depthFirst)
 {
-    // What is still to be descended into, the next one last: a file decides
-    // how deep its tree is, so the stack mustn't.
-    Templates::vector<MetadataSet const *> pending(1, &set);
-    Templates::vector<MetadataSet const *> children;
-    while (!pending.empty())
-    {
-        MetadataSet const & next = *pending.back();
-        pending.pop_back();
-        if (depthFirst && &next != &set)
-            order.push_back(&next);
-
-        children.clear();
-        getChildStrongReferences(metadata, next, children, visited, withInvalid);
-        if (!depthFirst)
-            order.insert(order.end(), children.begin(), children.end());
-        pending.insert(pending.end(), children.rbegin(), children.rend());
-    }
+    appendStrongTree(metadata, set, order, visited, withInvalid, depthFirst);
 }
 
 }}

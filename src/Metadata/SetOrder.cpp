@@ -4,12 +4,14 @@
 #include "Exceptions/InvalidFormat.h"
 #include "Exceptions/InvalidStructure.h"
 #include "KLV/KeyPredicates.h"
+#include "Metadata/HashedUUIDs.h"
 #include "Metadata/MetadataKeys.h"
 #include "Metadata/MetadataSet.h"
-#include "Metadata/PartitionMetadata.h"
-#include "Metadata/PartitionMetadataUtils.h"
 
 #include <algorithm>
+#include <functional>
+#include <iterator>
+#include <unordered_set>
 
 namespace Vantry { namespace Metadata { namespace SetOrder {
 
@@ -23,41 +25,44 @@ bool isExperimental(KLV::Key const & key)
     return key[8] == 0x0F;
 }
 
-MetadataSet const & onlyPreface(PartitionMetadata const & metadata)
+MetadataSet const & onlyPreface(ByKey const & sets)
 {
-    Templates::vector<MetadataSet *> const prefaces = metadata.find(MetadataKeys::preface());
-    if (prefaces.empty())
+    auto const isPreface = [&](auto place)
+    {
+        return place != sets.end() && (*place)->key() == MetadataKeys::preface();
+    };
+    auto const preface =
+        std::lower_bound(sets.begin(), sets.end(), MetadataKeys::preface(),
+                         [](MetadataSet const * set, KLV::Key const & key) { return set->key() < key; });
+    if (!isPreface(preface))
         VANTRY_FAIL(InvalidStructure, "Preface not found in PartitionMetadata");
-    if (prefaces.size() > 1)
+    if (isPreface(preface + 1))
         VANTRY_FAIL(InvalidStructure, "More than one Preface found in PartitionMetadata");
-    return *prefaces.front();
+    return **preface;
 }
 
-// Names the first set whose identifier is another one's.
-[[noreturn]] void failRepeated(PartitionMetadata const & metadata)
+void checkEach(ByKey const & sets)
 {
-    InstanceUIDs seen;
-    auto const repeated = std::find_if(metadata.begin(), metadata.end(),
-                                       [&](auto const & entry)
-                                       {
-                                           Types::UUID const * const instanceUID = entry.second->instanceUID();
-                                           return instanceUID != nullptr && !seen.insert(*instanceUID).second;
-                                       });
-    VANTRY_FAIL(InvalidFormat, Platform::stringToWstring("The ") + repeated->first.toString(DOTTED) +
-                                   Platform::stringToWstring(" metadataSet has an instance UID, ") +
-                                   repeated->second->instanceUID()->toString(DOTTED) +
-                                   Platform::stringToWstring(", already defined!"));
+    HashedUUIDs seen(sets.size());
+    for (MetadataSet const * set : sets)
+    {
+        Types::UUID const * const instanceUID = set->instanceUID();
+        if (instanceUID != nullptr && !seen.insert(*instanceUID).second)
+            VANTRY_FAIL(InvalidFormat, Platform::stringToWstring("The ") + set->key().toString(DOTTED) +
+                                           Platform::stringToWstring(" metadataSet has an instance UID, ") +
+                                           instanceUID->toString(DOTTED) +
+                                           Platform::stringToWstring(", already defined!"));
+    }
 }
 
 }
 
-Sets prefaceFirst(PartitionMetadata const & metadata)
+Sets prefaceFirst(ByKey const & sets)
 {
-    MetadataSet const * const preface = &onlyPreface(metadata);
+    MetadataSet const * const preface = &onlyPreface(sets);
     Sets order(1, preface);
-    for (auto const & entry : metadata)
-        if (entry.second != preface)
-            order.push_back(entry.second);
+    std::copy_if(sets.begin(), sets.end(), std::back_inserter(order),
+                 [&](MetadataSet const * set) { return set != preface; });
     return order;
 }
 
@@ -84,15 +89,27 @@ Sets reversed(Sets const & forward, bool experimentalFirst)
     return order;
 }
 
-void checkInstanceUIDs(PartitionMetadata const & metadata)
+// Hashes take a fraction of the time of identifiers. Equal ones may still be
+// of different identifiers.
+void checkInstanceUIDs(ByKey const & sets)
 {
-    Templates::vector<Types::UUID> sorted;
-    for (auto const & entry : metadata)
-        if (Types::UUID const * const instanceUID = entry.second->instanceUID())
-            sorted.push_back(*instanceUID);
-    std::sort(sorted.begin(), sorted.end());
-    if (std::adjacent_find(sorted.begin(), sorted.end()) != sorted.end())
-        failRepeated(metadata);
+    Templates::vector<std::size_t> hashes;
+    hashes.reserve(sets.size());
+    for (MetadataSet const * set : sets)
+        if (Types::UUID const * const instanceUID = set->instanceUID())
+            hashes.push_back(HashUUID()(*instanceUID));
+    std::sort(hashes.begin(), hashes.end());
+    if (std::adjacent_find(hashes.begin(), hashes.end()) != hashes.end())
+        checkEach(sets);
+}
+
+void appendOthers(ByKey const & sets, Sets & order)
+{
+    std::unordered_set<MetadataSet const *, std::hash<MetadataSet const *>, std::equal_to<>,
+                       Platform::Allocator<MetadataSet const *>> const inOrder(order.begin(), order.end(),
+                                                                               order.size());
+    std::copy_if(sets.begin(), sets.end(), std::back_inserter(order),
+                 [&](MetadataSet const * set) { return inOrder.count(set) == 0; });
 }
 
 }}}

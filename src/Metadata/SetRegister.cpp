@@ -29,6 +29,7 @@ void SetRegister::add(Templates::auto_ptr<MetadataSet> set)
     }
     last->second = entry;
     set.release();
+    row_.clear();
 }
 
 Templates::auto_ptr<MetadataSet> SetRegister::remove(MetadataSet & set)
@@ -43,6 +44,7 @@ Templates::auto_ptr<MetadataSet> SetRegister::remove(MetadataSet & set)
         lastOfKey_.erase(last);
     sets_.erase(entry);
     places_.erase(place);
+    row_.clear();
     return Templates::auto_ptr<MetadataSet>(&set);
 }
 
@@ -53,6 +55,16 @@ bool SetRegister::isAhead(MetadataSet const & left, MetadataSet const & right) c
     if (ofLeft.entry->first != ofRight.entry->first)
         return ofLeft.entry->first < ofRight.entry->first;
     return ofLeft.number < ofRight.number;
+}
+
+SetRegister::Row const & SetRegister::row() const
+{
+    if (row_.size() == sets_.size())
+        return row_;
+    row_.reserve(sets_.size());
+    for (auto const & entry : sets_)
+        row_.push_back(entry.second);
+    return row_;
 }
 
 SetRegister::Places const & SetRegister::places() const

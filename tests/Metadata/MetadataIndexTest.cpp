@@ -9,10 +9,16 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <random>
+#include <utility>
+#include <vector>
+
 namespace Vantry { namespace Metadata { namespace {
 
 using namespace Tests;
 using testing::ElementsAre;
+using testing::ElementsAreArray;
 using testing::IsEmpty;
 using Number = Types::UInt32;
 
@@ -107,6 +113,42 @@ TEST_F(MetadataIndex, HoldsKnownSimpleValuesAlone)
     EXPECT_THAT(index.find(labelOf(NUMBER), number), ElementsAre(&first, &second, &first));
     index.removedElement(first, element.metaElement(), element, number);
     EXPECT_THAT(index.find(labelOf(NUMBER), number), ElementsAre(&second));
+}
+
+// Sets come and go by the hundred, some with a value of many, some twice with
+// the same one. A plain list says what must be found.
+TEST_F(MetadataIndex, KeepsOrderAsItGrowsAndShrinks)
+{
+    unsigned int const VALUES = 20;
+    NumberIndex index;
+    Element & element = first.find(labelOf(NUMBER));
+    std::vector<Number> numbers;
+    for (unsigned int i = 0; i < VALUES; ++i)
+        numbers.emplace_back(i);
+    std::vector<std::pair<unsigned int, MetadataSet *>> list;
+    std::mt19937 random(1);
+    for (unsigned int step = 0; step < 3000; ++step)
+    {
+        MetadataSet & set = random() % 2 != 0 ? first : second;
+        // Low numbers are frequent. Up to the middle, more come than go.
+        unsigned int const value = random() % (1 + random() % VALUES);
+        bool const comes = random() % 8 != 0 && step < 2000;
+        if (comes)
+        {
+            index.addedElement(set, element.metaElement(), element, numbers[value]);
+            list.emplace_back(value, &set);
+        }
+        else
+        {
+            index.removedElement(set, element.metaElement(), element, numbers[value]);
+            list.erase(std::remove(list.begin(), list.end(), std::make_pair(value, &set)), list.end());
+        }
+        std::vector<MetadataSet *> expected;
+        for (auto const & entry : list)
+            if (entry.first == value)
+                expected.push_back(entry.second);
+        ASSERT_THAT(index.find(labelOf(NUMBER), numbers[value]), ElementsAreArray(expected)) << step;
+    }
 }
 
 TEST_F(MetadataIndex, OfAPartitionCanBeReplaced)

@@ -8,7 +8,8 @@ namespace Vantry { namespace Metadata { namespace Listeners {
 /// Attributes that the dictionary doesn't know and collections stay out of it.
 ///
 /// The index points to the values, which stay in place until it hears that
-/// they go. Finding, adding and removing take logarithmic time.
+/// they go. Finding, adding and removing take the same time in an index of any
+/// size.
 class VANTRY_EXPORT BaseMetadataIndexListener : public MetadataIndexListener
 {
 public:
