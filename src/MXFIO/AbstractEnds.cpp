@@ -1,15 +1,21 @@
 // Classes for others to derive from; their tables of functions are here.
 
 #include "MXFIO/AbstractPartition.h"
+#include "MXFIO/CustomElementReaderFactory.h"
+#include "MXFIO/ElementReader.h"
 #include "MXFIO/ContentStorageProfile.h"
 #include "MXFIO/IndexTableProvider.h"
 #include "MXFIO/PartitionListener.h"
+#include "MXFIO/SystemItemKLVPacketListener.h"
 #include "MXFIO/PartitionProvider.h"
 
 namespace Vantry { namespace MXFIO {
 
 AbstractPartition::~AbstractPartition() = default;
 PartitionListener::~PartitionListener() = default;
+ElementReader::~ElementReader() = default;
+CustomElementReaderFactory::~CustomElementReaderFactory() = default;
+SystemItemKLVPacketListener::~SystemItemKLVPacketListener() = default;
 IndexTableProvider::~IndexTableProvider() = default;
 PartitionProvider::~PartitionProvider() = default;
 ContentStorageProfile::~ContentStorageProfile() = default;
