@@ -13,7 +13,7 @@ class Reader2;
 /// the header partition on.
 ///
 /// \param offset  bytes from the start of the container; the end of a body
-///                counts as within it
+///                counts as within it, unless another starts there
 /// \return null for none; a partition of the container without a body ends
 ///         the search
 /// \throws Exceptions::InvalidFormat without a header partition, and as

@@ -27,6 +27,7 @@ private:
     Reader2 & reader_;
     unsigned int bodySID_;
     Partitions partitions_;
+    Partition * newest_;
 };
 
 }}

@@ -42,17 +42,24 @@ public:
 
     UInt64 size() const { return records_.size(); }
 
+    /// Whether there was no partition where one was said to be.
+    bool isMisled() const { return isMisled_; }
+
 private:
     struct Record
     {
         UInt64 thisPartition;
-        bool isLoaded;
+
+        // What is still being written is read again once there is more of it.
+        bool isComplete;
+        UInt64 endOfSource;
         IndexedRange range;
     };
 
     UInt64 nearestIndexed(UInt64 wanted, UInt64 low, UInt64 high);
     bool hasIndex(UInt64 at);
     void load(Record & record);
+    void read(Record & record);
     void learn(IndexedRange const & range);
     UInt64 partitionsIn(UInt64 editUnits) const;
 
@@ -62,6 +69,7 @@ private:
     UInt64 assumedMean_;
     UInt64 editUnitsSeen_;
     UInt64 partitionsSeen_;
+    bool isMisled_;
 };
 
 }

@@ -20,11 +20,10 @@ struct IndexedRange
 };
 
 /// Reads the index table segments of a partition into a cache, as far as they
-/// can be read. The source stays where it is.
+/// can be read: whatever fails on the way ends them. The source stays where it is.
 ///
 /// \return from the first edit unit of all these segments to the last; an
 ///         empty range where there are none of this index
-/// \throws Exceptions::IOError when the source fails.
 IndexedRange loadSegments(Reader & reader, Partition & partition, unsigned int indexSID, IndexTableCache & cache);
 
 }}

@@ -2,9 +2,8 @@
 
 #include "Exceptions/Check.h"
 #include "Exceptions/InvalidFormat.h"
-#include "MXFIO/Partition.h"
 #include "MXFIO/PartitionUtils.h"
-#include "MXFIO/Reader2.h"
+#include "MXFIO/RIPEntry.h"
 #include "Packs/PartitionPack.h"
 #include "Packs/RandomIndexPack.h"
 #include "Utils/NumberText.h"
@@ -84,7 +83,7 @@ Partition * BaseRandomPartitionProvider::partitionContaining(UInt64 bodyOffset, 
 
 Partition * BaseRandomPartitionProvider::openPartition(UInt64 index)
 {
-    Partition * const partition = reader_.partitionAtOffset(partitionOffsets_[index]);
+    Partition * const partition = partitionOfEntry(reader_, partitionOffsets_[index]);
     learned(partition);
     VANTRY_CHECK_TEXT(partition != nullptr, "partition != 0", InvalidFormat,
                       "Unable to find a partition in an offset indicated in RIP.");

@@ -2,10 +2,10 @@
 
 #include "Exceptions/Check.h"
 #include "Exceptions/InvalidFormat.h"
-#include "MXFIO/Partition.h"
 #include "MXFIO/PartitionUtils.h"
-#include "MXFIO/Reader2.h"
+#include "MXFIO/RIPEntry.h"
 #include "Packs/PartitionPack.h"
+#include "Templates/auto_ptr.h"
 
 #include <functional>
 #include <set>
@@ -40,7 +40,7 @@ EstimatePartitionProvider::EstimatePartitionProvider(Reader2 & reader, unsigned 
                       "No partition for this bodySID was found in RIP.");
 
     // The last one may be short.
-    Partition * partition = reader.partitionAtOffset(partitionOffsets()[count > 1 ? count - 2 : 0]);
+    Partition * partition = partitionOfEntry(reader, partitionOffsets()[count > 1 ? count - 2 : 0]);
     UInt64 length = bodyLength(reader, partition, bodySID);
     while (count > 1 && length == 0 && partition != nullptr)
     {
@@ -48,9 +48,10 @@ EstimatePartitionProvider::EstimatePartitionProvider(Reader2 & reader, unsigned 
         length = bodyLength(reader, partition, bodySID);
     }
 
-    impl_ = new Impl;
+    Templates::auto_ptr<Impl> impl(new Impl);
     if (partition != nullptr)
-        impl_->see(partition, length);
+        impl->see(partition, length);
+    impl_ = impl.release();
 }
 
 EstimatePartitionProvider::~EstimatePartitionProvider()

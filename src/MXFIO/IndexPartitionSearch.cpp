@@ -3,7 +3,8 @@
 #include "IndexTables/IndexTableSegmentWithGOPInfo.h"
 #include "MXFIO/IndexTableCache.h"
 #include "MXFIO/PositionKeeper.h"
-#include "MXFIO/Reader2.h"
+#include "MXFIO/RIPEntry.h"
+#include "MXFIO/SaturatingSum.h"
 
 #include <algorithm>
 #include <limits>
@@ -22,13 +23,13 @@ UInt64 distance(Int64 from, Int64 to)
 }
 
 IndexPartitionSearch::IndexPartitionSearch(Reader2 & reader, IndexTableCache & cache) :
-    reader_(reader), cache_(cache), assumedMean_(0), editUnitsSeen_(0), partitionsSeen_(0)
+    reader_(reader), cache_(cache), assumedMean_(0), editUnitsSeen_(0), partitionsSeen_(0), isMisled_(false)
 {
 }
 
 void IndexPartitionSearch::append(UInt64 thisPartition)
 {
-    records_.push_back({thisPartition, false, {0, 0}});
+    records_.push_back({thisPartition, false, 0, {0, 0}});
 }
 
 void IndexPartitionSearch::know(UInt64 thisPartition, IndexedRange const & range)
@@ -36,14 +37,13 @@ void IndexPartitionSearch::know(UInt64 thisPartition, IndexedRange const & range
     for (Record & record : records_)
         if (record.thisPartition == thisPartition)
         {
-            record.isLoaded = true;
+            record.isComplete = true;
             record.range = range;
         }
 }
 
 Templates::SharedPtr<IndexTables::IndexTableSegmentWithGOPInfo> IndexPartitionSearch::find(Int64 editUnit)
 {
-    PositionKeeper const keeper(reader_.source());
     UInt64 wanted = editUnit > 0 ? partitionsIn(static_cast<UInt64>(editUnit)) : 0;
     UInt64 low = 0;
     UInt64 high = records_.size();
@@ -76,7 +76,6 @@ Templates::SharedPtr<IndexTables::IndexTableSegmentWithGOPInfo> IndexPartitionSe
 
 void IndexPartitionSearch::loadLast()
 {
-    PositionKeeper const keeper(reader_.source());
     hasIndex(records_.size() - 1);
 }
 
@@ -96,20 +95,36 @@ UInt64 IndexPartitionSearch::nearestIndexed(UInt64 wanted, UInt64 low, UInt64 hi
 bool IndexPartitionSearch::hasIndex(UInt64 at)
 {
     Record & record = records_[at];
-    if (!record.isLoaded)
+    if (!record.isComplete)
         load(record);
     return !record.range.isEmpty();
 }
 
 void IndexPartitionSearch::load(Record & record)
 {
-    record.isLoaded = true;
-    Partition * const partition = reader_.partitionAtOffset(record.thisPartition);
-    if (partition == nullptr)
+    DataIO::RandomAccessDataSource const & source = reader_.source();
+    UInt64 const end = saturatingSum(source.absoluteOffset(), source.remaining());
+    if (end <= record.endOfSource)
         return;
 
+    record.endOfSource = end;
+    read(record);
+}
+
+void IndexPartitionSearch::read(Record & record)
+{
+    PositionKeeper const keeper(reader_.source());
+    Partition * const partition = partitionOfEntry(reader_, record.thisPartition);
+    if (partition == nullptr)
+    {
+        isMisled_ = true;
+        return;
+    }
+
     record.range = loadSegments(reader_, *partition, cache_.indexSID(), cache_);
-    learn(record.range);
+    record.isComplete = partition->bodyAbsoluteOffset() <= record.endOfSource;
+    if (record.isComplete)
+        learn(record.range);
 }
 
 void IndexPartitionSearch::learn(IndexedRange const & range)

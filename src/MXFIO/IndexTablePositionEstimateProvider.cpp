@@ -27,7 +27,8 @@ public:
 
     IndexPartitionSearch search;
 
-    // Without anything to guess by, the file is read as it comes.
+    // Without anything to guess by, or by a pack that lies, the file is read
+    // as it comes.
     IndexTableParseOnRequestProvider walk;
 };
 
@@ -38,7 +39,7 @@ IndexTablePositionEstimateProvider::IndexTablePositionEstimateProvider(Templates
     IndexTableProviderBase(cache), impl_(new Impl(cache, reader))
 {
     IndexPartitionSearch & search = impl_->search;
-    if (footer != nullptr)
+    if (footer != nullptr && firstEditUnit < lastEditUnit)
         search.know(footer->partitionPack().thisPartition(), {firstEditUnit, lastEditUnit});
 
     // Header and footer carry none of the index of their own, as a rule.
@@ -55,7 +56,9 @@ IndexTablePositionEstimateProvider::~IndexTablePositionEstimateProvider()
 Templates::SharedPtr<IndexTables::IndexTableSegmentWithGOPInfo>
 IndexTablePositionEstimateProvider::fetch(Int64 editUnit)
 {
-    return impl_->search.size() != 0 ? impl_->search.find(editUnit) : impl_->walk.segment(editUnit);
+    Templates::SharedPtr<IndexTables::IndexTableSegmentWithGOPInfo> const found = impl_->search.find(editUnit);
+    bool const isGuide = impl_->search.size() != 0 && !impl_->search.isMisled();
+    return found.get() != nullptr || isGuide ? found : impl_->walk.segment(editUnit);
 }
 
 }}

@@ -32,6 +32,14 @@ UInt64 const SEARCH_LIMIT = 65536;
 UInt64 const REFRESH_PERIOD_IN_MILLISECONDS = 5000;
 UInt64 const MOST_NEW_BYTES = 0x50000000;
 
+// A pack that the last look met half written is looked for again.
+UInt64 const OVERLAP = 65536;
+
+bool isFooter(Partition const & partition)
+{
+    return partition.partitionPack().partitionKind() == Packs::PartitionPack::FOOTER_PARTITION;
+}
+
 }
 
 class IndexTableStreamingProvider::Impl
@@ -84,6 +92,7 @@ void IndexTableStreamingProvider::Impl::refresh()
     Partition * const last = bytes != 0 ? reader_.lastPartition(bytes) : nullptr;
     if (last != nullptr && last != lastSeen_)
         append(last);
+    isFinished_ = lastSeen_ != nullptr && isFooter(*lastSeen_) && lastSeen_->bodyAbsoluteOffset() <= endSeen_;
 }
 
 bool IndexTableStreamingProvider::Impl::isDue()
@@ -97,6 +106,7 @@ bool IndexTableStreamingProvider::Impl::isDue()
     return true;
 }
 
+// Bytes from the end in which new partitions may begin; 0 when there are none.
 UInt64 IndexTableStreamingProvider::Impl::newBytes()
 {
     DataIO::RandomAccessDataSource & source = reader_.source();
@@ -104,8 +114,11 @@ UInt64 IndexTableStreamingProvider::Impl::newBytes()
         growing->refresh();
 
     UInt64 const end = saturatingSum(source.absoluteOffset(), source.remaining());
-    UInt64 const bytes = end - std::min(end, endSeen_);
-    endSeen_ = std::max(end, endSeen_);
+    if (end <= endSeen_)
+        return 0;
+
+    UInt64 const bytes = end - endSeen_ + std::min(endSeen_, OVERLAP);
+    endSeen_ = end;
     return std::min(bytes, MOST_NEW_BYTES);
 }
 
@@ -130,7 +143,6 @@ void IndexTableStreamingProvider::Impl::append(Partition * last)
 
     std::for_each(found.rbegin(), found.rend(), [this](UInt64 thisPartition) { search.append(thisPartition); });
     lastSeen_ = last;
-    isFinished_ = last->partitionPack().partitionKind() == Packs::PartitionPack::FOOTER_PARTITION;
 }
 
 IndexTableStreamingProvider::IndexTableStreamingProvider(Templates::SharedPtr<IndexTableCache> cache, Reader2 & reader,

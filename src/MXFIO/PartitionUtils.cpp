@@ -43,9 +43,9 @@ UInt64 lengthSoFar(Reader & reader, Partition & partition)
     return lengthUpTo(saturatingSum(source.absoluteOffset(), source.remaining()), partition);
 }
 
-bool reaches(Partition const & partition, UInt64 length, UInt64 offset)
+UInt64 endOf(Partition const & partition, UInt64 length)
 {
-    return saturatingSum(partition.partitionPack().bodyOffset(), length) >= offset;
+    return saturatingSum(partition.partitionPack().bodyOffset(), length);
 }
 
 Partition * lastOf(Reader2 & reader, bool fromLastLoaded)
@@ -75,18 +75,25 @@ Partition * partitionContainingRelativeOffset(Reader & reader, unsigned int body
 
     if (!isOf(*currentPartition, bodySID))
         currentPartition = reader.nextPartition(currentPartition, bodySID);
+    Partition * endsThere = nullptr;
     for (; currentPartition != nullptr; currentPartition = reader.nextPartition(currentPartition, bodySID))
     {
-        if (currentPartition->partitionPack().bodyOffset() == offset)
+        UInt64 const start = currentPartition->partitionPack().bodyOffset();
+        if (start == offset)
             return currentPartition;
+        if (endsThere != nullptr)
+            break;
 
         UInt64 const length = bodyLength(reader, currentPartition, bodySID);
         if (length == 0)
             return nullptr;
-        if (currentPartition->partitionPack().bodyOffset() < offset && reaches(*currentPartition, length, offset))
+        UInt64 const end = endOf(*currentPartition, length);
+        if (start < offset && offset < end)
             return currentPartition;
+        if (offset == end)
+            endsThere = currentPartition;
     }
-    return nullptr;
+    return endsThere;
 }
 
 Partition * partitionContainingRelativeOffset(Reader2 & reader, unsigned int bodySID, UInt64 offset,
@@ -102,7 +109,7 @@ Partition * partitionContainingRelativeOffset(Reader2 & reader, unsigned int bod
         currentPartition = reader.previousPartition(currentPartition, bodySID);
 
     bool const holds =
-        currentPartition != nullptr && reaches(*currentPartition, lengthSoFar(reader, *currentPartition), offset);
+        currentPartition != nullptr && endOf(*currentPartition, lengthSoFar(reader, *currentPartition)) >= offset;
     return holds ? currentPartition : nullptr;
 }
 

@@ -2,6 +2,7 @@
 
 #include "DataIO/Memory/MemoryDataSource.h"
 #include "DataIO/RandomAccessDataSource.h"
+#include "DataIO/StreamingDataSource.h"
 #include "Exceptions/Check.h"
 #include "Exceptions/InvalidFormat.h"
 #include "Exceptions/InvalidValue.h"
@@ -97,7 +98,8 @@ public:
         klvReader(theSource),
         dictionary(std::move(theDictionary)),
         searchLimit(theSearchLimit),
-        owner_(theOwner)
+        owner_(theOwner),
+        isGrowing_(dynamic_cast<DataIO::StreamingDataSource *>(&theSource) != nullptr)
     {
     }
 
@@ -137,9 +139,10 @@ public:
     std::unique_ptr<KLV::Value> runIn;
 
 private:
-    UInt64 passFillItem(UInt64 limit);
+    UInt64 passFillItem(UInt64 limit, Packs::PartitionPack const & pack);
 
     Reader & owner_;
+    bool const isGrowing_;
 };
 
 template <class Test>
@@ -166,7 +169,7 @@ Partition * Reader::Impl::enter(KLV::Packet & packet, UInt64 limit)
     UInt64 const offset = packet.keyAbsoluteOffset();
     Templates::auto_ptr<Packs::PartitionPack> pack(new Packs::PartitionPack(packet));
     packet.value().discard();
-    UInt64 const metadataOffset = passFillItem(limit);
+    UInt64 const metadataOffset = passFillItem(limit, *pack);
 
     auto const known = places.find(offset);
     if (known != places.end())
@@ -176,9 +179,12 @@ Partition * Reader::Impl::enter(KLV::Packet & packet, UInt64 limit)
     return (places[offset].partition = std::move(partition)).get();
 }
 
-// The position behind one fill item that may be next.
-UInt64 Reader::Impl::passFillItem(UInt64 limit)
+// The position behind one fill item that may be next. In a file that is still
+// written it may be on its way: what the partition holds has no place until
+// that is known.
+UInt64 Reader::Impl::passFillItem(UInt64 limit, Packs::PartitionPack const & pack)
 {
+    bool const holdsAny = pack.headerByteCount() != 0 || pack.indexByteCount() != 0 || pack.bodySID() != 0;
     UInt64 const position = source.absoluteOffset();
     try
     {
@@ -190,6 +196,8 @@ UInt64 Reader::Impl::passFillItem(UInt64 limit)
     }
     catch (Exceptions::NotEnoughData const &)
     {
+        if (isGrowing_ && holdsAny)
+            throw;
         return position;
     }
     catch (Exceptions::KeyNotFound const &)

@@ -1,6 +1,5 @@
 #include "MXFIO/SegmentLoader.h"
 
-#include "Exceptions/IOError.h"
 #include "IndexTables/IndexTableSegmentWithGOPInfo.h"
 #include "KLV/Packet.h"
 #include "MXFIO/IndexTableCache.h"
@@ -49,10 +48,6 @@ IndexedRange readSegments(Partition & partition, IndexTableCache & cache)
             cache.add(segment);
             range = both(range, rangeOf(*segment));
         }
-    }
-    catch (Exceptions::IOError const &)
-    {
-        throw;
     }
     catch (Exceptions::BaseException const &)
     {

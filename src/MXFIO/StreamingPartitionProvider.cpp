@@ -11,7 +11,7 @@
 namespace Vantry { namespace MXFIO {
 
 StreamingPartitionProvider::StreamingPartitionProvider(Reader2 & reader, unsigned int bodySID) :
-    reader_(reader), bodySID_(bodySID)
+    reader_(reader), bodySID_(bodySID), newest_(nullptr)
 {
 }
 
@@ -32,13 +32,19 @@ Partition * StreamingPartitionProvider::partitionContaining(UInt64 bodyOffset, I
 // but what lies between.
 void StreamingPartitionProvider::refresh()
 {
-    Partition * const newest = partitions_.empty() ? nullptr : partitions_.rbegin()->second;
     Partition * partition = reader_.lastLoadedPartition();
     if (partition != nullptr && partition->partitionPack().bodySID() != bodySID_)
         partition = reader_.previousPartition(partition, bodySID_);
 
-    for (; partition != nullptr && partition != newest; partition = reader_.previousPartition(partition, bodySID_))
-        partitions_[partition->partitionPack().bodyOffset()] = partition;
+    Templates::vector<Partition *> met;
+    for (; partition != nullptr && partition != newest_; partition = reader_.previousPartition(partition, bodySID_))
+        met.push_back(partition);
+
+    // Of two that start at the same byte the first is empty.
+    for (auto next = met.rbegin(); next != met.rend(); ++next)
+        partitions_[(*next)->partitionPack().bodyOffset()] = *next;
+    if (!met.empty())
+        newest_ = met.front();
 }
 
 UInt64 StreamingPartitionProvider::lengthOf(Partitions::const_iterator at)

@@ -42,6 +42,9 @@ public:
 
     UInt64 seek(UInt64 position) override { return offset_ = std::min<UInt64>(position, bytes_.size()); }
 
+    /// Adds bytes at the end.
+    void append(Bytes const & bytes) { bytes_ += bytes; }
+
     /// Bytes that were read rather than passed over.
     UInt64 bytesRead() const { return bytesRead_; }
 

@@ -1,7 +1,9 @@
 #pragma once
 
-#include "IndexTables/IndexTableSegment.h"
+#include "IndexTables/IndexTableSegmentWithGOPInfo.h"
 #include "Templates/auto_ptr.h"
+#include "support/BytesPacket.h"
+#include "support/BytesSink.h"
 
 namespace Vantry { namespace Tests {
 
@@ -13,6 +15,21 @@ inline Templates::auto_ptr<IndexTables::IndexTableSegment> indexSegment(Int64 st
     segment->indexStartPosition(start);
     segment->indexDuration(duration);
     return segment;
+}
+
+/// The bytes of such a segment, with index SID 2.
+inline Bytes indexBytes(Int64 start, Int64 duration)
+{
+    auto const segment = indexSegment(start, duration);
+    segment->indexSID(2);
+    return serialized(*segment);
+}
+
+/// A segment as it was read.
+inline Templates::SharedPtr<IndexTables::IndexTableSegmentWithGOPInfo> readSegment(Bytes const & bytes)
+{
+    return Templates::SharedPtr<IndexTables::IndexTableSegmentWithGOPInfo>(
+        new IndexTables::IndexTableSegmentWithGOPInfo(*BytesPacket(bytes), nullptr));
 }
 
 }}
