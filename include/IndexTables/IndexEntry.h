@@ -5,6 +5,8 @@
 #include "Templates/Containers.h"
 #include "Templates/Rational.h"
 
+#include <utility>
+
 namespace Vantry {
 namespace KLV {
 class Value;
@@ -51,7 +53,16 @@ public:
                bool forwardPrediction, bool backwardPrediction, UInt64 streamOffset) noexcept;
 
     /// An edit unit with which decoding can start.
-    explicit IndexEntry(UInt64 streamOffset) noexcept;
+    explicit IndexEntry(UInt64 streamOffset) noexcept :
+        streamOffset_(streamOffset),
+        inside_(),
+        sliceCount_(0),
+        posTableCount_(0),
+        temporalOffset_(0),
+        keyFrameOffset_(0),
+        flags_(RANDOM_ACCESS)
+    {
+    }
 
     /// Reads an entry with so many slice offsets and entries of the position
     /// table.
@@ -64,10 +75,10 @@ public:
     IndexEntry(unsigned char const * bytes, unsigned char sliceCount, unsigned char posTableCount);
 
     IndexEntry(IndexEntry const & other);
-    IndexEntry(IndexEntry && other) noexcept;
+    IndexEntry(IndexEntry && other) noexcept : IndexEntry(0) { *this = std::move(other); }
     IndexEntry & operator=(IndexEntry const & other);
     IndexEntry & operator=(IndexEntry && other) noexcept;
-    ~IndexEntry() override;
+    ~IndexEntry() override { dropTail(); }
 
     /// Edit units from the place where this picture is shown to the one where
     /// it is stored.
@@ -152,7 +163,10 @@ private:
     static constexpr unsigned int INSIDE_SIZE = 8;
 
     bool flag(Flags which) const noexcept { return (flags_ & which) != 0; }
-    void flag(Flags which, bool set) noexcept;
+    void flag(Flags which, bool set) noexcept
+    {
+        flags_ = static_cast<unsigned char>(set ? flags_ | which : flags_ & ~which);
+    }
 
     using Tail = Templates::vector<unsigned char>;
 
@@ -167,7 +181,12 @@ private:
     Tail copyOfTail() const;
     void makeTail(unsigned char const * bytes);
     void takeTail(IndexEntry & other) noexcept;
-    void dropTail() noexcept;
+    void dropTail() noexcept
+    {
+        if (!isTailInside())
+            freeTail();
+    }
+    void freeTail() noexcept;
 
     void checkAdding(unsigned int index, unsigned int count, unsigned int size) const;
 

@@ -47,15 +47,20 @@ public:
     /// \param entrySize  bytes of each entry
     explicit EntryList(UInt32 entrySize) : entrySize_(entrySize) {}
 
-    /// Decodes what was read: `decode` makes an entry of its bytes and its
-    /// place.
-    template <class Decode>
-    EntryList(EntryArrayBytes const & read, Decode decode) : entrySize_(read.entrySize)
+    /// Decodes what was read.
+    ///
+    /// \param mend    is called with each entry and its place
+    /// \param counts  what an entry needs to know beside its bytes
+    template <class Mend, class... Counts>
+    EntryList(EntryArrayBytes const & read, Mend mend, Counts... counts) : entrySize_(read.entrySize)
     {
         std::size_t const whole = read.count == 0 ? 0 : read.entries.size() / entrySize_;
         entries_.reserve(whole);
         for (std::size_t i = 0; i < whole; ++i)
-            entries_.push_back(decode(read.entries.data() + i * entrySize_, i));
+        {
+            entries_.emplace_back(read.entries.data() + i * entrySize_, counts...);
+            mend(entries_.back(), i);
+        }
         if (whole < read.count)
             failForMissing(read.count);
     }

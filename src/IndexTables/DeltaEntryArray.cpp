@@ -26,7 +26,7 @@ DeltaEntryArray::DeltaEntryArray() : entries_(new EntryList<DeltaEntry>(DeltaEnt
 
 DeltaEntryArray::DeltaEntryArray(KLV::Value & value) :
     entries_(new EntryList<DeltaEntry>(EntryArrayBytes(value, DeltaEntry::SIZE, DIFFERENT_SIZE),
-                                       [](unsigned char const * bytes, std::size_t) { return DeltaEntry(bytes); }))
+                                       [](DeltaEntry &, std::size_t) {}))
 {
 }
 

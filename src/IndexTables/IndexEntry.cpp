@@ -35,21 +35,15 @@ Templates::vector<unsigned char> read(KLV::Value & value, unsigned int size)
 
 IndexEntry::IndexEntry(signed char temporalOffset, signed char keyFrameOffset, bool randomAccess, bool sequenceHeader,
                        bool forwardPrediction, bool backwardPrediction, UInt64 streamOffset) noexcept :
-    streamOffset_(streamOffset),
-    inside_(),
-    sliceCount_(0),
-    posTableCount_(0),
-    temporalOffset_(temporalOffset),
-    keyFrameOffset_(keyFrameOffset),
-    flags_(0)
+    IndexEntry(streamOffset)
 {
+    temporalOffset_ = temporalOffset;
+    keyFrameOffset_ = keyFrameOffset;
     flag(RANDOM_ACCESS, randomAccess);
     flag(SEQUENCE_HEADER, sequenceHeader);
     flag(FORWARD_PREDICTION, forwardPrediction);
     flag(BACKWARD_PREDICTION, backwardPrediction);
 }
-
-IndexEntry::IndexEntry(UInt64 streamOffset) noexcept : IndexEntry(0, 0, true, false, false, false, streamOffset) {}
 
 IndexEntry::IndexEntry(KLV::Value & value, unsigned char sliceCount, unsigned char posTableCount) :
     IndexEntry(read(value, sizeOf(sliceCount, posTableCount)).data(), sliceCount, posTableCount)
@@ -85,11 +79,6 @@ IndexEntry::IndexEntry(IndexEntry const & other) :
 {
 }
 
-IndexEntry::IndexEntry(IndexEntry && other) noexcept : IndexEntry(0)
-{
-    *this = std::move(other);
-}
-
 IndexEntry & IndexEntry::operator=(IndexEntry const & other)
 {
     return *this = IndexEntry(other);
@@ -107,16 +96,6 @@ IndexEntry & IndexEntry::operator=(IndexEntry && other) noexcept
     flags_ = other.flags_;
     takeTail(other);
     return *this;
-}
-
-IndexEntry::~IndexEntry()
-{
-    dropTail();
-}
-
-void IndexEntry::flag(Flags which, bool set) noexcept
-{
-    flags_ = static_cast<unsigned char>(set ? flags_ | which : flags_ & ~which);
 }
 
 unsigned int IndexEntry::sliceOffset(unsigned int index) const
@@ -215,7 +194,11 @@ void IndexEntry::makeTail(unsigned char const * bytes)
 {
     if (!isTailInside())
         outside_ = static_cast<unsigned char *>(Platform::allocateOrThrow(tailSize()));
-    std::memcpy(isTailInside() ? inside_ : outside_, bytes, tailSize());
+
+    // Piece by piece is faster for the few that there mostly are.
+    unsigned char * const tail = isTailInside() ? inside_ : outside_;
+    for (unsigned int i = 0; i < tailSize(); i += SLICE_SIZE)
+        std::memcpy(tail + i, bytes + i, SLICE_SIZE);
 }
 
 void IndexEntry::takeTail(IndexEntry & other) noexcept
@@ -226,10 +209,9 @@ void IndexEntry::takeTail(IndexEntry & other) noexcept
     other.sliceCount_ = other.posTableCount_ = 0;
 }
 
-void IndexEntry::dropTail() noexcept
+void IndexEntry::freeTail() noexcept
 {
-    if (!isTailInside())
-        Platform::malloc_alloc::deallocate(outside_, tailSize());
+    Platform::malloc_alloc::deallocate(outside_, tailSize());
 }
 
 }}

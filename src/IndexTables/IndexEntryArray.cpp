@@ -16,20 +16,11 @@ signed char const NO_KEY_FRAME_OFFSET = 127;
 char const * const DIFFERENT_SIZE = "Mismatch between Index Entry Array size and size based on SliceCount, "
                                     "PosTableCount and number of entries (NIE/NDE).";
 
-// Makes entries of their bytes.
-struct Decoder
+void mendKeyFrameOffset(IndexEntry & entry, std::size_t place)
 {
-    IndexEntry operator()(unsigned char const * bytes, std::size_t place) const
-    {
-        IndexEntry entry(bytes, sliceCount, posTableCount);
-        if (entry.keyFrameOffset() == NO_KEY_FRAME_OFFSET)
-            entry.keyFrameOffset(static_cast<signed char>(static_cast<unsigned char>(0 - place)));
-        return entry;
-    }
-
-    unsigned char sliceCount;
-    unsigned char posTableCount;
-};
+    if (entry.keyFrameOffset() == NO_KEY_FRAME_OFFSET)
+        entry.keyFrameOffset(static_cast<signed char>(static_cast<unsigned char>(0 - place)));
+}
 
 }
 
@@ -41,7 +32,7 @@ IndexEntryArray::IndexEntryArray(unsigned char sliceCount, unsigned char posTabl
 IndexEntryArray::IndexEntryArray(KLV::Value & value, unsigned char sliceCount, unsigned char posTableCount) :
     entries_(
         new EntryList<IndexEntry>(EntryArrayBytes(value, IndexEntry::sizeOf(sliceCount, posTableCount), DIFFERENT_SIZE),
-                                  Decoder{sliceCount, posTableCount}))
+                                  mendKeyFrameOffset, sliceCount, posTableCount))
 {
 }
 

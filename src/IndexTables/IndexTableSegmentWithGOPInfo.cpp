@@ -57,10 +57,11 @@ public:
     explicit Groups(IndexTableSegment const & segment) :
         infos(segment.indexEntryCount(), {UNKNOWN, UNKNOWN, UNKNOWN, UNKNOWN}), segment_(segment)
     {
+        IndexEntryArray const * const entries = segment.indexEntryArray();
         bool closed = true;
         for (Int64 i = 0; i < count(); ++i)
         {
-            IndexEntry const & entry = entryAt(i);
+            IndexEntry const & entry = entries->at(static_cast<UInt32>(i));
             if (startsGroup(entry))
             {
                 endGroup(i, closed);
@@ -72,7 +73,7 @@ public:
 
             at(i).gopIndex = nextGroup();
             if (hasStart())
-                place(i, i - lastStart_);
+                place(i, i - lastStart_, entry);
         }
         endGroup(count(), closed);
     }
@@ -129,15 +130,15 @@ private:
     {
         Int64 const size = end - std::max<Int64>(0, lastStart_);
         if (size != 0)
-            sizes.insert({nextGroup(), {static_cast<UInt32>(size), closed}});
+            sizes.insert(sizes.end(), {nextGroup(), {static_cast<UInt32>(size), closed}});
     }
 
     // Gives a picture its place in its group and, if it is shown in this
     // segment, tells it there.
-    void place(Int64 index, Int64 position)
+    void place(Int64 index, Int64 position, IndexEntry const & entry)
     {
         at(index).gopPosition = distance(position);
-        Int64 const shown = shownAt(index);
+        Int64 const shown = index + entry.temporalOffset();
         if (shown >= 0 && shown < count())
             show(at(index), shown, 0);
     }
@@ -180,8 +181,9 @@ private:
         for (Int64 i = 0; i < leading(); ++i)
         {
             Int64 const position = sizeBefore_ + i;
-            place(i, position);
-            closed = closed && entryAt(i).keyFrameOffset() >= -position;
+            IndexEntry const & entry = entryAt(i);
+            place(i, position, entry);
+            closed = closed && entry.keyFrameOffset() >= -position;
         }
         return closed;
     }
