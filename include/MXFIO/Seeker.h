@@ -66,6 +66,10 @@ public:
     /// \return false when there is none with this track number
     bool elementIndex(unsigned int trackNumber, unsigned int & index) const;
 
+    /// The place of the element behind one, which is 0 behind the last. It
+    /// stays what it is when there is none with this track number.
+    void passElement(unsigned int trackNumber, unsigned int & index) const;
+
     /// Where an edit unit starts.
     ///
     /// \return false when there is an index, and it doesn't reach there
@@ -74,9 +78,10 @@ public:
     bool bodyOffsetOf(Int64 editUnit, UInt64 & bodyOffset);
 
     /// Where an element starts, by an index entry. An element behind one of
-    /// the system item starts there.
+    /// the system item starts there, and one without delta entry where its
+    /// edit unit does.
     ///
-    /// \param trackNumber  becomes that of the system item then
+    /// \param trackNumber  becomes that of the element which is there
     /// \return false when no index entry tells
     /// \throws Exceptions::KeyNotFound when there is no such element.
     bool elementOffsetOf(Int64 editUnit, unsigned int & trackNumber, UInt64 & bodyOffset);

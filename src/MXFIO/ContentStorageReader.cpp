@@ -1,0 +1,569 @@
+#include "MXFIO/ContentStorageReader.h"
+
+#include "DataIO/RandomAccessDataSource.h"
+#include "DataIO/StreamingDataSource.h"
+#include "Exceptions/Check.h"
+#include "Exceptions/InvalidState.h"
+#include "Exceptions/InvalidValue.h"
+#include "KLV/KeyPredicates.h"
+#include "KLV/Packet.h"
+#include "KLV/Reader.h"
+#include "MXFIO/ContainerMetadata.h"
+#include "MXFIO/ContentStorageProfile.h"
+#include "MXFIO/ElementReader.h"
+#include "MXFIO/ElementReaderSelection.h"
+#include "MXFIO/EssenceUtils.h"
+#include "MXFIO/Partition.h"
+#include "MXFIO/PositionKeeper.h"
+#include "MXFIO/Reader2.h"
+#include "MXFIO/SaturatingSum.h"
+#include "MXFIO/Seeker.h"
+#include "MXFIO/StreamingPartitionWalker.h"
+#include "MXFIO/SystemItemKLVPacketListener.h"
+#include "MXFIO/Unreadable.h"
+#include "Packs/PartitionPack.h"
+#include "Packs/RandomIndexPack.h"
+
+#include <algorithm>
+#include <memory>
+#include <optional>
+#include <utility>
+
+namespace Vantry { namespace MXFIO {
+
+namespace {
+
+using Ratio = Templates::Rational<Int64>;
+using PacketPtr = Templates::auto_ptr<KLV::Packet>;
+using Profile = Templates::SharedPtr<ContentStorageProfile>;
+
+UInt64 const SEARCH_LIMIT = 4096;
+unsigned int const SYSTEM_ITEM = 4;
+Ratio const UNKNOWN = -1;
+
+// Without a footer a file may still grow.
+bool mayGrow(Reader & reader)
+{
+    auto * const reader2 = dynamic_cast<Reader2 *>(&reader);
+    if (reader2 != nullptr)
+        return reader2->footerPartition() == nullptr;
+    return dynamic_cast<DataIO::StreamingDataSource *>(&reader.source()) != nullptr;
+}
+
+}
+
+class ContentStorageReader::Impl
+{
+public:
+    VANTRY_CLASS_ALLOCATION
+
+    Impl(Reader & theReader, Metadata::Structural::EssenceContainerData & container, bool loadRIP,
+         bool shallComputeSize, Profile const & theProfile);
+
+    bool rewind();
+    bool moveTo(UInt64 bodyOffset, Int64 target);
+    PacketPtr nextPacket(UInt64 searchLimit);
+    void refresh();
+    Ratio indexableUnits();
+
+    Reader & reader;
+    Reader2 * const reader2;
+    ContainerMetadata metadata;
+    bool const isStreaming;
+    Profile profile;
+    std::unique_ptr<Seeker> seeker;
+    SystemItemKLVPacketListener * systemItemListener = nullptr;
+
+    bool isClipWrapped = false;
+    Ratio unitRate;
+    Ratio duration;
+    Int64 containerSize = -1;
+
+    Int64 editUnit = 0;
+    unsigned int nextElementIndex = 0;
+    UInt64 bodyPosition = 0;
+
+private:
+    void open();
+    Partition * findFirstPartition();
+    void measure();
+    void measureAnyway();
+    bool findFirstPacket();
+    bool decideClip();
+    bool isWholeContainer();
+    void deriveDuration();
+    Ratio measuredUnits();
+    PacketPtr readInPartition(UInt64 searchLimit);
+    bool enterNextPartition();
+    void take(KLV::Packet const & packet);
+    UInt64 bodyOffsetOf(KLV::Packet const & packet) const;
+
+    DataIO::RandomAccessDataSource & source_;
+    bool const computeSize_;
+    std::unique_ptr<StreamingPartitionWalker> walker_;
+
+    Partition * first_ = nullptr;
+    Partition * current_ = nullptr;
+    bool isAtEnd_ = false;
+    UInt64 nextPacketOffset_ = 0;
+    std::optional<KLV::Key> firstKey_;
+};
+
+ContentStorageReader::Impl::Impl(Reader & theReader, Metadata::Structural::EssenceContainerData & container,
+                                 bool loadRIP, bool shallComputeSize, Profile const & theProfile) :
+    reader(theReader),
+    reader2(dynamic_cast<Reader2 *>(&theReader)),
+    metadata(container),
+    isStreaming(mayGrow(theReader)),
+    profile(theProfile),
+    source_(theReader.source()),
+    computeSize_(shallComputeSize)
+{
+    if (loadRIP && !isStreaming && !reader.rip())
+        reader.loadRIP();
+    seeker = std::make_unique<Seeker>(reader, metadata.bodySID(), metadata.indexSID(), isStreaming, profile);
+    metadata.takeTracks(seeker->indexEditRate());
+    unitRate = metadata.editRate();
+    open();
+}
+
+void ContentStorageReader::Impl::open()
+{
+    if (rewind())
+    {
+        measure();
+        if (findFirstPacket())
+        {
+            isClipWrapped = decideClip();
+            seeker->learnElements(*current_, SEARCH_LIMIT, isClipWrapped);
+        }
+    }
+    if (isStreaming && reader2 != nullptr)
+        walker_ = std::make_unique<StreamingPartitionWalker>(*reader2, metadata.bodySID());
+
+    deriveDuration();
+    seeker->setExtent(containerSize, duration);
+    rewind();
+}
+
+// Goes to the start of the container; false when it has no partition.
+bool ContentStorageReader::Impl::rewind()
+{
+    if (first_ == nullptr)
+        first_ = findFirstPartition();
+
+    current_ = first_;
+    isAtEnd_ = current_ == nullptr;
+    editUnit = 0;
+    nextElementIndex = 0;
+    bodyPosition = 0;
+    if (current_ != nullptr)
+        current_->rewind();
+    nextPacketOffset_ = source_.absoluteOffset();
+    return current_ != nullptr;
+}
+
+Partition * ContentStorageReader::Impl::findFirstPartition()
+{
+    Partition * const header = reader.headerPartition();
+    if (header == nullptr || header->partitionPack().bodySID() == metadata.bodySID())
+        return header;
+    return reader.nextPartition(header, metadata.bodySID());
+}
+
+// Measures the container where that is wanted or costs little.
+void ContentStorageReader::Impl::measure()
+{
+    bool const hasFooter = reader2 != nullptr && !isStreaming;
+    bool const isWanted = computeSize_ && (containerSize < 0 || isStreaming);
+    if (isWanted || (hasFooter && seeker->editUnitByteCount() != 0))
+        measureAnyway();
+}
+
+// What can't be measured stays unknown.
+void ContentStorageReader::Impl::measureAnyway()
+{
+    PositionKeeper const keeper(source_);
+    std::optional<UInt64> const size = nothingIfUnreadable(
+        [&]() -> std::optional<UInt64>
+        {
+            return reader2 != nullptr ? MXFIO::containerSize(*reader2, metadata.bodySID())
+                                      : MXFIO::containerSize(reader, metadata.bodySID());
+        });
+    if (size)
+        containerSize = static_cast<Int64>(std::min<UInt64>(*size, std::numeric_limits<Int64>::max()));
+}
+
+// Notes the key that each edit unit starts with, and goes back to where it is.
+bool ContentStorageReader::Impl::findFirstPacket()
+{
+    PacketPtr packet;
+    do
+        packet = nextPacket(SEARCH_LIMIT);
+    while (packet && KLV::isFillItem(packet->key()));
+    if (!packet)
+        return false;
+
+    // Partitions ahead of it have none of the container.
+    first_ = current_;
+    firstKey_ = packet->key();
+    return true;
+}
+
+bool ContentStorageReader::Impl::decideClip()
+{
+    bool isClip = false;
+    if (profile && profile->isClipWrapped(&isClip) == KNOWLEDGE_KNOWN)
+        return isClip;
+
+    ContainerMetadata::Wrapping const wrapping = metadata.wrapping();
+    return wrapping == ContainerMetadata::NOT_TOLD ? isWholeContainer() : wrapping == ContainerMetadata::IS_CLIP;
+}
+
+// Whether the first packet, with fill items that adjoin it, is all that the
+// container has.
+bool ContentStorageReader::Impl::isWholeContainer()
+{
+    rewind();
+    UInt64 size = 0;
+    unsigned int packets = 0;
+    while (PacketPtr const packet = readInPartition(SEARCH_LIMIT))
+    {
+        if (!KLV::isFillItem(packet->key()) && ++packets > 1)
+            return false;
+        size = saturatingSum(size, packet->klvLength());
+        packet->value().discard();
+    }
+
+    if (containerSize < 0)
+        measureAnyway();
+    return containerSize >= 0 && size == static_cast<UInt64>(containerSize);
+}
+
+// Finds the number of edit units, and makes one of all those in a clip.
+void ContentStorageReader::Impl::deriveDuration()
+{
+    duration = metadata.duration();
+    Int64 known = 0;
+    if (profile && profile->duration(&known) == KNOWLEDGE_KNOWN)
+        duration = known;
+    if (walker_ && (duration < 0 || duration < indexableUnits()))
+        duration = indexableUnits();
+    if (duration < 0)
+        duration = measuredUnits();
+}
+
+// By the end of the index, or by the bytes that there are.
+Ratio ContentStorageReader::Impl::measuredUnits()
+{
+    Int64 const end = seeker->endOfIndex();
+    unsigned int const byteCount = seeker->editUnitByteCount();
+    if (end > 0 || byteCount == 0)
+        return end;
+
+    if (containerSize < 0)
+        measureAnyway();
+    return containerSize < 0 ? UNKNOWN : Ratio(containerSize / byteCount);
+}
+
+// How far index or bytes reach by now.
+Ratio ContentStorageReader::Impl::indexableUnits()
+{
+    unsigned int const byteCount = seeker->editUnitByteCount();
+    if (walker_ && byteCount != 0)
+        return static_cast<Int64>(walker_->byteCount() / byteCount);
+    return seeker->endOfIndex();
+}
+
+void ContentStorageReader::Impl::refresh()
+{
+    PositionKeeper const keeper(source_);
+    if (walker_)
+        walker_->refresh();
+    else if (auto * const growing = dynamic_cast<DataIO::StreamingDataSource *>(&source_))
+        growing->refresh();
+
+    seeker->refresh();
+    measure();
+    Ratio const before = duration;
+    deriveDuration();
+    duration = std::max(duration, before);
+    isAtEnd_ = isAtEnd_ && current_ == nullptr;
+}
+
+bool ContentStorageReader::Impl::moveTo(UInt64 bodyOffset, Int64 target)
+{
+    if (bodyOffset == 0)
+    {
+        rewind();
+        return true;
+    }
+
+    Partition * const partition = seeker->partitionContaining(bodyOffset, target);
+    if (partition == nullptr)
+        return false;
+    partition->gotoBodyRelativePosition(bodyOffset);
+    current_ = partition;
+    isAtEnd_ = false;
+    bodyPosition = bodyOffset;
+    nextPacketOffset_ = source_.absoluteOffset();
+    return true;
+}
+
+PacketPtr ContentStorageReader::Impl::nextPacket(UInt64 searchLimit)
+{
+    while (!isAtEnd_)
+    {
+        PacketPtr packet = readInPartition(searchLimit);
+        if (packet)
+        {
+            take(*packet);
+            return packet;
+        }
+        isAtEnd_ = !enterNextPartition();
+    }
+    return PacketPtr();
+}
+
+// Null where the body ends or can't be read.
+PacketPtr ContentStorageReader::Impl::readInPartition(UInt64 searchLimit)
+{
+    if (source_.absoluteOffset() != nextPacketOffset_)
+        source_.seek(nextPacketOffset_);
+
+    PacketPtr packet = nothingIfUnreadable([&] { return current_->nextBodyKLV(searchLimit); });
+    if (packet)
+        nextPacketOffset_ = source_.absoluteOffset() + std::min(packet->length(), source_.remaining());
+    return packet;
+}
+
+bool ContentStorageReader::Impl::enterNextPartition()
+{
+    Partition * const next = nothingIfUnreadable([&] { return reader.nextPartition(current_, metadata.bodySID()); });
+    if (next == nullptr || next->partitionAbsoluteOffset() <= current_->partitionAbsoluteOffset())
+        return false;
+
+    current_ = next;
+    current_->rewind();
+    nextPacketOffset_ = source_.absoluteOffset();
+    return true;
+}
+
+// Counts a packet.
+void ContentStorageReader::Impl::take(KLV::Packet const & packet)
+{
+    bodyPosition = saturatingSum(bodyOffsetOf(packet), packet.klvLength());
+    if (!firstKey_)
+        return;
+
+    if (packet.key() == *firstKey_)
+        seeker->reached(++editUnit, bodyPosition);
+    seeker->passElement(key2TrackNumber(packet.key()), nextElementIndex);
+}
+
+UInt64 ContentStorageReader::Impl::bodyOffsetOf(KLV::Packet const & packet) const
+{
+    return saturatingSum(current_->partitionPack().bodyOffset(),
+                         packet.keyAbsoluteOffset() - current_->bodyAbsoluteOffset());
+}
+
+ContentStorageReader::ContentStorageReader(Reader & reader, Metadata::Structural::EssenceContainerData & container,
+                                           bool loadRIP, bool computeSize, Profile const & profile) :
+    impl_(new Impl(reader, container, loadRIP, computeSize, profile))
+{
+}
+
+ContentStorageReader::~ContentStorageReader()
+{
+    delete impl_;
+}
+
+unsigned int ContentStorageReader::bodySID() const
+{
+    return impl_->metadata.bodySID();
+}
+
+unsigned int ContentStorageReader::indexSID() const
+{
+    return impl_->metadata.indexSID();
+}
+
+Ratio ContentStorageReader::editRate() const
+{
+    bool const isOneClip = impl_->isClipWrapped && impl_->duration > 0 && impl_->unitRate > 0;
+    return isOneClip ? impl_->unitRate / impl_->duration : impl_->unitRate;
+}
+
+Ratio ContentStorageReader::duration() const
+{
+    return impl_->isClipWrapped && impl_->duration > 0 ? Ratio(1) : impl_->duration;
+}
+
+Ratio ContentStorageReader::indexableDuration()
+{
+    Ratio const units = impl_->indexableUnits();
+    if (units < 0)
+        return duration();
+    return impl_->isClipWrapped && units > 0 ? Ratio(1) : units;
+}
+
+Int64 ContentStorageReader::editUnit() const
+{
+    return impl_->editUnit;
+}
+
+unsigned int ContentStorageReader::nextElementIndex() const
+{
+    return impl_->nextElementIndex;
+}
+
+unsigned int ContentStorageReader::editUnitByteCount() const
+{
+    return impl_->seeker->editUnitByteCount();
+}
+
+Int64 ContentStorageReader::containerSize() const
+{
+    return impl_->containerSize;
+}
+
+UInt64 ContentStorageReader::bodyPosition() const
+{
+    return impl_->bodyPosition;
+}
+
+bool ContentStorageReader::isClipWrapped() const
+{
+    return impl_->isClipWrapped;
+}
+
+Ratio ContentStorageReader::unitRate() const
+{
+    return impl_->unitRate;
+}
+
+Ratio ContentStorageReader::storedUnits() const
+{
+    return impl_->duration < 0 ? UNKNOWN : impl_->duration + impl_->metadata.origin();
+}
+
+bool ContentStorageReader::temporalReordering() const
+{
+    return impl_->seeker->temporalReorderingTrack() != 0;
+}
+
+bool ContentStorageReader::isSeekExact()
+{
+    return impl_->seeker->hasIndex();
+}
+
+bool ContentStorageReader::isStreaming() const
+{
+    return impl_->isStreaming;
+}
+
+bool ContentStorageReader::seek(Int64 editUnit)
+{
+    if (editUnit < 0)
+        return false;
+
+    // What is stored ahead of the start of the tracks can be reached as well.
+    Ratio const units = impl_->isClipWrapped ? duration() : storedUnits();
+    if (impl_->duration > 0 && units <= editUnit)
+        return false;
+    if (impl_->isClipWrapped)
+    {
+        impl_->rewind();
+        return true;
+    }
+
+    UInt64 bodyOffset = 0;
+    if (!impl_->seeker->bodyOffsetOf(editUnit, bodyOffset) || !impl_->moveTo(bodyOffset, editUnit))
+        return false;
+    impl_->editUnit = editUnit;
+    impl_->nextElementIndex = 0;
+    return true;
+}
+
+bool ContentStorageReader::fineSeek(Int64 editUnit, unsigned int trackNumber)
+{
+    UInt64 bodyOffset = 0;
+    if (editUnit < 0 || !impl_->seeker->elementOffsetOf(editUnit, trackNumber, bodyOffset) ||
+        !impl_->moveTo(bodyOffset, editUnit))
+        return false;
+
+    // Behind the first element its edit unit has been entered.
+    unsigned int index = 0;
+    impl_->seeker->elementIndex(trackNumber, index);
+    impl_->editUnit = index == 0 ? editUnit : editUnit + 1;
+    impl_->nextElementIndex = index;
+    return true;
+}
+
+PacketPtr ContentStorageReader::nextKLV(UInt64 searchLimit)
+{
+    return impl_->nextPacket(searchLimit);
+}
+
+void ContentStorageReader::discardKLVPacket(PacketPtr packet)
+{
+    if (!packet)
+        return;
+    if (impl_->systemItemListener != nullptr && key2TrackNumber(packet->key()) >> 24 == SYSTEM_ITEM)
+        impl_->systemItemListener->systemItemPacketRead(std::move(packet));
+    else
+        packet->value().discard();
+}
+
+void ContentStorageReader::registerKLVPacketListener(SystemItemKLVPacketListener * listener)
+{
+    VANTRY_CHECK_TEXT(impl_->systemItemListener == nullptr, "impl_ -> systemItemListener_ == 0", InvalidState,
+                      "Only one SystemItemKLVPacketListener can be registered.");
+    impl_->systemItemListener = listener;
+}
+
+void ContentStorageReader::unregisterKLVPacketListener()
+{
+    impl_->systemItemListener = nullptr;
+}
+
+void ContentStorageReader::setContentStorageProfile(Profile const & profile)
+{
+    impl_->profile = profile;
+    impl_->seeker->setContentStorageProfile(profile);
+}
+
+void ContentStorageReader::refreshSource()
+{
+    impl_->refresh();
+}
+
+Templates::vector<unsigned int> ContentStorageReader::elements() const
+{
+    return impl_->seeker->elements();
+}
+
+unsigned int ContentStorageReader::trackNumber2TrackID(unsigned int trackNumber) const
+{
+    return impl_->metadata.trackID(trackNumber);
+}
+
+Templates::auto_ptr<ElementReader> ContentStorageReader::elementReader(unsigned int trackID, Int64 startPosition,
+                                                                       Int64 duration, Types::Rational const & editRate,
+                                                                       bool emulateFrameWrapping)
+{
+    return ElementReaderSelection(*this, impl_->metadata.package(), impl_->profile)
+        .make(trackID, {startPosition, duration, editRate, emulateFrameWrapping});
+}
+
+Reader & ContentStorageReader::reader()
+{
+    return impl_->reader;
+}
+
+Seeker & ContentStorageReader::seeker()
+{
+    return *impl_->seeker;
+}
+
+}}
