@@ -1,13 +1,13 @@
 // Classes for others to derive from; their tables of functions are here.
 
 #include "MXFIO/AbstractPartition.h"
+#include "MXFIO/ContentStorageProfile.h"
 #include "MXFIO/CustomElementReaderFactory.h"
 #include "MXFIO/ElementReader.h"
-#include "MXFIO/ContentStorageProfile.h"
 #include "MXFIO/IndexTableProvider.h"
 #include "MXFIO/PartitionListener.h"
-#include "MXFIO/SystemItemKLVPacketListener.h"
 #include "MXFIO/PartitionProvider.h"
+#include "MXFIO/SystemItemKLVPacketListener.h"
 
 namespace Vantry { namespace MXFIO {
 

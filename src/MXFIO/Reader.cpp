@@ -191,8 +191,12 @@ UInt64 Reader::Impl::passFillItem(UInt64 limit, Packs::PartitionPack const & pac
         UInt64 skipped = 0;
         if (!KLV::isFillItem(klvReader.peekNextKey(skipped, limit)))
             return position;
-        klvReader.nextKLV(skipped, limit)->value().discard();
-        return source.absoluteOffset();
+        Templates::auto_ptr<KLV::Packet> const item = klvReader.nextKLV(skipped, limit);
+        item->value().discard();
+        UInt64 const end = source.absoluteOffset();
+        if (isGrowing_ && end < saturatingSum(item->keyAbsoluteOffset(), item->klvLength()))
+            VANTRY_FAIL(NotEnoughData, "Not enough data");
+        return end;
     }
     catch (Exceptions::NotEnoughData const &)
     {
