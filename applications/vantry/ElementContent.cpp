@@ -4,9 +4,12 @@
 #include "Metadata/ArrayReferenceElement.h"
 #include "Metadata/BatchElement.h"
 #include "Metadata/BatchReferenceElement.h"
+#include "Metadata/MetadataSetOwner.h"
+#include "Metadata/MetadataULs.h"
 #include "Metadata/ReferenceElement.h"
 #include "Metadata/SimpleElement.h"
 #include "Metadata/Visitors/ElementVisitor.h"
+#include "Types/StrongReference.h"
 
 namespace Vantry { namespace Application {
 
@@ -32,6 +35,15 @@ Types::BaseType const * contentOf(Metadata::Element const & element)
     ContentVisitor visitor;
     element.accept(visitor);
     return visitor.content;
+}
+
+Metadata::MetadataSet const * ownedBy(Metadata::MetadataSet const & set, Types::UniversalLabel const & attribute)
+{
+    auto const * const reference = valueOf<Types::StrongReference>(set, attribute);
+    if (reference == nullptr || set.owner() == nullptr)
+        return nullptr;
+    auto const found = set.owner()->find(Metadata::MetadataULs::instanceUID(), reference->uuid());
+    return found.empty() ? nullptr : found.front();
 }
 
 }}

@@ -6,7 +6,7 @@
 #include "Exceptions/InvalidMetadataSet.h"
 #include "Exceptions/KeyNotFound.h"
 #include "Exceptions/NotEnoughData.h"
-#include "Input.h"
+#include "FileRegion.h"
 #include "KLV/KeyPredicates.h"
 #include "KLV/Packet.h"
 #include "KLV/Reader.h"
@@ -27,20 +27,6 @@ namespace {
 
 int const CATEGORY_BYTE = 4;
 unsigned char const GROUP_CATEGORY = 2;
-
-/// A stretch of a file, from where that stands.
-class Region : public Input
-{
-public:
-    Region(DataIO::RandomAccessDataSource & file, UInt64 size) : file_(file), window_(file, size) {}
-
-    DataIO::DataSource & source() override { return window_; }
-    void stepBack(UInt64 howMuch) override { file_.seek(file_.absoluteOffset() - howMuch); }
-
-private:
-    DataIO::RandomAccessDataSource & file_;
-    KLV::Value window_;
-};
 
 /// Takes packets in and keeps account of the faults.
 class Loader : public PacketListener
@@ -184,7 +170,7 @@ HeaderMetadata readHeaderMetadata(DataIO::RandomAccessDataSource & file, UInt64 
     UInt64 const there = std::min(size, file.remaining());
 
     Loader loader(file, file.absoluteOffset() + there, dictionary);
-    Region region(file, there);
+    FileRegion region(file, there);
     walkPackets(region, loader);
     if (there < size)
         loader.warn(fmt::format("the file ends within the header metadata: {} of {} bytes are there", there, size));

@@ -3,6 +3,7 @@
 #include "CommonOptions.h"
 #include "DataIO/RandomAccessDataSource.h"
 #include "Failure.h"
+#include "FileReport.h"
 #include "HeaderMetadata.h"
 #include "Input.h"
 #include "MetadataPage.h"
@@ -10,6 +11,7 @@
 #include "Options.h"
 #include "Output.h"
 #include "PartitionSearch.h"
+#include "PlainFilePage.h"
 #include "Schema/Dictionaries.h"
 #include "SchemaInUse.h"
 #include "SetNames.h"
@@ -23,12 +25,14 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
+char const NO_PARTITION[] = "there is no partition at its start";
+
 HeaderMetadata readMetadata(std::string const & name, Schema::Tables const & tables)
 {
     std::unique_ptr<DataIO::RandomAccessDataSource> const file = openRandomAccess(name);
     std::unique_ptr<Packs::PartitionPack> const pack = findFirstPartition(*file);
     if (!pack)
-        throw Failure(ExitStatus::FAILED, name, "there is no partition at its start");
+        throw Failure(ExitStatus::FAILED, name, NO_PARTITION);
     return readHeaderMetadata(*file, pack->headerByteCount(), Schema::makeDictionary(tables));
 }
 
@@ -65,21 +69,44 @@ void writePlain(PlainMetadataPage const & page, std::vector<std::string> const &
 
 char const * InfoCommand::summary() const
 {
-    return "Tell what a file is: the tree of its metadata sets";
+    return "Tell what a file is, how long, what is in it and what is wrong with it";
 }
 
 char const * InfoCommand::example() const
 {
-    return "vantry info --metadata a.mxf";
+    return "vantry info a.mxf";
 }
 
 void InfoCommand::declareOptions(Options & options)
 {
     options.file(file_, "The file to tell of");
-    options.requiredFlag("--metadata", "List the metadata sets of the header partition with all that is in them");
+    options.flag("--metadata", metadata_, "List the metadata sets of the header partition with all that is in them");
 }
 
 void InfoCommand::run(CommonOptions const & common, Output & output)
+{
+    if (metadata_)
+        showMetadata(common, output);
+    else
+        showFile(common, output);
+}
+
+void InfoCommand::showFile(CommonOptions const & common, Output & output) const
+{
+    SchemaInUse const schema(common.dictionary);
+    std::unique_ptr<DataIO::RandomAccessDataSource> const file = openRandomAccess(file_);
+    std::optional<Json> const report = reportOf(file_, *file, schema.tables());
+    if (!report)
+        throw Failure(ExitStatus::FAILED, file_, NO_PARTITION);
+
+    if (!common.json)
+        return writePlainPage(*report, output);
+    fmt::memory_buffer & text = output.buffer();
+    text.append(jsonOf(*report));
+    text.push_back('\n');
+}
+
+void InfoCommand::showMetadata(CommonOptions const & common, Output & output) const
 {
     SchemaInUse const schema(common.dictionary);
     SetNames const names(schema.tables());

@@ -4,7 +4,7 @@
 
 namespace Vantry { namespace Application {
 
-/// `vantry info`: tells what a file is. So far, the tree of its metadata sets.
+/// `vantry info`: tells what a file is, or shows the tree of its metadata sets.
 class InfoCommand : public Command
 {
 public:
@@ -16,7 +16,11 @@ public:
     std::string const & fileInHand() const override { return file_; }
 
 private:
+    void showFile(CommonOptions const & common, Output & output) const;
+    void showMetadata(CommonOptions const & common, Output & output) const;
+
     std::string file_;
+    bool metadata_ = false;
 };
 
 }}

@@ -20,9 +20,6 @@ public:
     /// A switch, off unless it is given.
     virtual void flag(char const * name, bool & target, char const * help) = 0;
 
-    /// A switch without which the command has nothing to do.
-    virtual void requiredFlag(char const * name, char const * help) = 0;
-
     /// An option with a value, which the help calls `valueName`.
     virtual void text(char const * name, std::string & target, char const * valueName, char const * help) = 0;
 };

@@ -8,6 +8,7 @@
 #include "Packs/PartitionPack.h"
 #include "Packs/PrimerPack.h"
 #include "Packs/RandomIndexPack.h"
+#include "PartitionText.h"
 #include "Text.h"
 #include "Types/Batch.h"
 #include "Types/Visitors/GetVisitor.h"
@@ -41,28 +42,6 @@ std::string shortText(UniversalLabel const & label)
 std::string quoted(UniversalLabel const & label)
 {
     return '"' + textOf(label, TextForm::DOTTED_BYTES) + '"';
-}
-
-std::string_view kindOf(PartitionPack const & pack)
-{
-    switch (pack.partitionKind())
-    {
-    case PartitionPack::HEADER_PARTITION:
-        return "header";
-    case PartitionPack::BODY_PARTITION:
-        return "body";
-    default:
-        return "footer";
-    }
-}
-
-std::string_view statusOf(PartitionPack const & pack)
-{
-    if (pack.isGenericStreamsPartition())
-        return "generic_stream";
-    if (pack.isOpen())
-        return pack.isComplete() ? "open_complete" : "open_incomplete";
-    return pack.isComplete() ? "closed_complete" : "closed_incomplete";
 }
 
 class PartitionFacts : public PackFacts

@@ -42,12 +42,6 @@ public:
 
     void flag(char const * name, bool & target, char const * help) override { parser_.add_flag(name, target, help); }
 
-    void requiredFlag(char const * name, char const * help) override
-    {
-        std::string const description = help;
-        parser_.add_flag(name, description)->required();
-    }
-
     void text(char const * name, std::string & target, char const * valueName, char const * help) override
     {
         parser_.add_option(name, target, help)->type_name(valueName);

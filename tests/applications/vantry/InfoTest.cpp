@@ -271,7 +271,9 @@ TEST(Info, EndsWithAStatusAndALine)
         char const * errors;
     };
     Case const CASES[] = {
-        {"info fill", 2, "vantry: info: --metadata is required\n"},
+        {"info fill", 1, "vantry: fill: there is no partition at its start\n"},
+        {"info late", 1, "vantry: late: there is no partition at its start\n"},
+        {"info zeros", 1, "vantry: zeros: there is no partition at its start\n"},
         {"info --metadata - < fill", 2, "vantry: -: this command needs a file, standard input is read only once\n"},
         {"info --metadata /dev/null", 1,
          "vantry: /dev/null: is no plain file, and this command reads here and there\n"},

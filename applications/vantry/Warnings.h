@@ -1,0 +1,64 @@
+#pragma once
+
+#include <fmt/format.h>
+#include <string>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+namespace Vantry { namespace Application {
+
+/// What is wrong with a file, each fault once, in the order in which they were
+/// found.
+class Warnings
+{
+public:
+    void add(std::string const & warning)
+    {
+        if (known_.insert(warning).second)
+            all_.push_back(warning);
+    }
+
+    void add(std::vector<std::string> const & warnings)
+    {
+        for (std::string const & warning : warnings)
+            add(warning);
+    }
+
+    std::vector<std::string> const & all() const { return all_; }
+
+private:
+    std::vector<std::string> all_;
+    std::unordered_set<std::string> known_;
+};
+
+/// Faults of one kind, of which the first stands for all.
+class FaultGroup
+{
+public:
+    explicit FaultGroup(Warnings & warnings) : warnings_(warnings) {}
+    FaultGroup(FaultGroup const &) = delete;
+    FaultGroup & operator=(FaultGroup const &) = delete;
+
+    ~FaultGroup()
+    {
+        if (count_ == 1)
+            warnings_.add(first_);
+        else if (count_ > 1)
+            warnings_.add(fmt::format("{}; {} more like this", first_, count_ - 1));
+    }
+
+    template <class... Values>
+    void add(fmt::format_string<Values...> text, Values &&... values)
+    {
+        if (++count_ == 1)
+            first_ = fmt::format(text, std::forward<Values>(values)...);
+    }
+
+private:
+    Warnings & warnings_;
+    std::string first_;
+    std::size_t count_ = 0;
+};
+
+}}
