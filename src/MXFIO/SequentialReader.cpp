@@ -54,12 +54,16 @@ public:
     // Reads what is next and hands it over.
     void dispatch(UInt64 searchLimit);
 
+    // Whether the source ends within the last packet.
+    bool isCut() const { return source.endOfStream() && source.absoluteOffset() < packetEnd_; }
+
     DataIO::DataSource & source;
 
 private:
     using PacketPtr = Templates::auto_ptr<KLV::Packet>;
 
     PacketPtr nextPacket();
+    PacketPtr nextPacket(UInt64 & skipped);
     void loadPartition();
     Area loadPrimer(UInt64 headerByteCount);
     Templates::auto_ptr<Metadata::PartitionMetadata> loadMetadata(Area area);
@@ -105,6 +109,11 @@ void SequentialReader::Impl::dispatch(UInt64 searchLimit)
 SequentialReader::Impl::PacketPtr SequentialReader::Impl::nextPacket()
 {
     UInt64 skipped = 0;
+    return nextPacket(skipped);
+}
+
+SequentialReader::Impl::PacketPtr SequentialReader::Impl::nextPacket(UInt64 & skipped)
+{
     PacketPtr packet = packets_.nextKLV(skipped, searchLimit_);
     packetEnd_ = saturatingSum(source.absoluteOffset(), packet->length());
     return packet;
@@ -141,7 +150,7 @@ Templates::auto_ptr<Metadata::PartitionMetadata> SequentialReader::Impl::loadMet
     while (area.left > 0)
     {
         UInt64 skipped = 0;
-        PacketPtr const packet = packets_.nextKLV(skipped, searchLimit_);
+        PacketPtr const packet = nextPacket(skipped);
         if (packet->klvLength() > area.left)
             break;
         area.left -= std::min(saturatingSum(packet->klvLength(), skipped), area.left);
@@ -184,8 +193,8 @@ bool SequentialReader::next(UInt64 searchLimit)
     }
     catch (Exceptions::InvalidLength const &)
     {
-        // A pack or a set that the source cuts off.
-        if (impl_->source.endOfStream())
+        // A pack or a set may be cut off, or bad in itself.
+        if (impl_->isCut())
             return false;
         throw;
     }

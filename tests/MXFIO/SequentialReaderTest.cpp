@@ -1,6 +1,7 @@
 #include "MXFIO/SequentialReader.h"
 
 #include "Exceptions/InvalidFormat.h"
+#include "Exceptions/InvalidLength.h"
 #include "IndexTables/IndexTableSegment.h"
 #include "support/Failure.h"
 #include "support/ForEachReadSize.h"
@@ -134,6 +135,11 @@ TEST(SequentialReader, EndsWhereTheSourceIsCut)
         EXPECT_EQ(log, whole.substr(0, log.size())) << size;
         EXPECT_LT(log.size(), whole.size());
     }
+
+    // What is bad in itself is no cut, also where nothing comes behind it.
+    BytesSource source(packet(Packs::RandomIndexPack::key(), hex("00 00")));
+    Log log(source);
+    EXPECT_FAILURE(InvalidLength, "Not enough data to read Pack", log.next(0));
 }
 
 }}}

@@ -95,7 +95,7 @@ private:
     void loadLongSizes(UInt64 length);
     void handleChunk(ChunkHeader const & header);
     void skipData();
-    void gotoDataChunk();
+    bool hasData();
     UInt64 dataLeft() const noexcept;
     UInt64 withinData(UInt64 size) const noexcept;
     void took(UInt64 size) noexcept;

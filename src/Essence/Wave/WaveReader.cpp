@@ -161,6 +161,7 @@ void WaveReader::handleChunk(ChunkHeader const & header)
 }
 
 void WaveReader::loadLongSizes(UInt64 length)
+try
 {
     if (length < sizeof(LongSizes))
         return;
@@ -168,6 +169,10 @@ void WaveReader::loadLongSizes(UInt64 length)
     auto const sizes = recordIn<LongSizes>(*reader_.readAligned(sizeof(LongSizes)));
     riffSize_ = sizes.riffSize;
     longDataSize_ = sizes.dataSize;
+}
+catch (Exceptions::NotEnoughData const &)
+{
+    // The stream ends here, and the next chunk header will tell.
 }
 
 void WaveReader::skipData()
@@ -204,27 +209,28 @@ WaveReader::State WaveReader::gotoNextDataChunk()
     return state_;
 }
 
-// To the present data chunk, or else the next.
-void WaveReader::gotoDataChunk()
+// Goes to the present data chunk, or else the next, and tells whether it has
+// more. Behind it all chunks are passed: the stream ends with its data.
+bool WaveReader::hasData()
 {
     preload();
     while (state_ == STATE_BETWEEN_CHUNKS)
         nextChunk();
+    if (state_ != STATE_IN_DATA)
+        return false;
+    if (dataLength_ == UNKNOWN_LENGTH || dataLeft() != 0)
+        return true;
+
+    while (nextChunk() != STATE_END_OF_STREAM)
+    {
+    }
+    return false;
 }
 
 Templates::auto_ptr<DataIO::Slice> WaveReader::read(UInt64 size)
 {
-    gotoDataChunk();
-    if (state_ != STATE_IN_DATA)
+    if (!hasData())
         return Templates::auto_ptr<DataIO::Slice>(new DataIO::Slice);
-
-    if (dataLength_ != UNKNOWN_LENGTH && dataLeft() == 0)
-    {
-        while (nextChunk() != STATE_END_OF_STREAM)
-        {
-        }
-        return Templates::auto_ptr<DataIO::Slice>(new DataIO::Slice);
-    }
 
     Templates::auto_ptr<DataIO::Slice> slice = reader_.nextSlice(withinData(size));
     took(slice->size());
@@ -233,8 +239,7 @@ Templates::auto_ptr<DataIO::Slice> WaveReader::read(UInt64 size)
 
 UInt64 WaveReader::skip(UInt64 size)
 {
-    gotoDataChunk();
-    if (state_ != STATE_IN_DATA)
+    if (!hasData())
         return 0;
 
     UInt64 const skipped = reader_.skip(withinData(size));

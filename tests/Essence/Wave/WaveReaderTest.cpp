@@ -91,6 +91,7 @@ TEST(WaveReader, GivesTheDataOfAWave)
          waveFile(waveChunk("ds64", sizes) + waveChunk("data", counting(6), 0xFFFFFFFF) + waveChunk("fmt ", {}),
                   "RF64"),
          counting(6), "data 6;fmt 0;"},
+        {"lengths cut off", waveFile(waveChunk("ds64", sizes.first(15), 28), "RF64"), {}, ""},
     };
 
     std::mt19937 random(1);
@@ -116,9 +117,11 @@ TEST(WaveReader, SkipsWithinTheData)
     EXPECT_EQ(bytesOf(*reader.read(2)), counting(2, 4));
     EXPECT_EQ(reader.skip(100), 4u) << "none behind the chunk";
     EXPECT_EQ(reader.absoluteOffset(), 10u);
-    EXPECT_EQ(reader.read(5)->size(), 0u);
-    EXPECT_EQ(reader.state(), WaveReader::STATE_END_OF_STREAM);
+    EXPECT_FALSE(reader.endOfStream());
     EXPECT_EQ(reader.skip(1), 0u);
+    EXPECT_TRUE(reader.endOfStream()) << "or a loop of skips would have no end";
+    EXPECT_EQ(reader.state(), WaveReader::STATE_END_OF_STREAM);
+    EXPECT_EQ(reader.read(5)->size(), 0u);
 }
 
 TEST(PCMWaveReader, KnowsTheFormat)
