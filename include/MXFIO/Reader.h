@@ -156,6 +156,12 @@ protected:
     Partition * readPartition(UInt64 limit, bool fixedLimit, UInt64 & bytesConsumed, bool & essenceSeen);
 
 private:
+    friend class Partition;
+
+    // Where header metadata and index of a partition end at the latest: where
+    // its pack says, unless another partition is known to begin ahead of that.
+    UInt64 endOf(Partition const & partition);
+
     class Impl;
     Impl * impl_;
 };

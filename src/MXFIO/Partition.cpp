@@ -24,6 +24,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <optional>
 #include <utility>
 
 namespace Vantry { namespace MXFIO {
@@ -63,16 +64,18 @@ class Partition::Impl
 public:
     VANTRY_CLASS_ALLOCATION
 
-    Impl(Reader & reader, Templates::auto_ptr<Packs::PartitionPack> thePack, UInt64 absoluteOffset,
-         UInt64 metadataOffset, UInt64 theSearchLimit) :
-        reader2(dynamic_cast<Reader2 *>(&reader)),
-        klvReader(reader.klvReader()),
-        source(reader.source()),
-        dictionary(reader.dictionary()),
+    Impl(Partition const & owner, Reader & theReader, Templates::auto_ptr<Packs::PartitionPack> thePack,
+         UInt64 absoluteOffset, UInt64 metadataOffset, UInt64 theSearchLimit) :
+        reader(theReader),
+        reader2(dynamic_cast<Reader2 *>(&theReader)),
+        klvReader(theReader.klvReader()),
+        source(theReader.source()),
+        dictionary(theReader.dictionary()),
         pack(std::move(thePack)),
         partitionAbsoluteOffset(absoluteOffset),
         metadataAbsoluteOffset(metadataOffset),
-        searchLimit(theSearchLimit)
+        searchLimit(theSearchLimit),
+        owner_(owner)
     {
     }
 
@@ -84,8 +87,10 @@ public:
     bool enterIndex();
     Templates::auto_ptr<KLV::Packet> nextSegment();
 
+    bool bodyIsAnothers() { return areasEnd() < bodyAbsoluteOffset(); }
     void end(UInt64 nextPartition);
 
+    Reader & reader;
     Reader2 * const reader2;
     KLV::Reader & klvReader;
     DataIO::RandomAccessDataSource & source;
@@ -104,7 +109,13 @@ private:
     void createMetadata(Templates::auto_ptr<Packs::PrimerPack> primer);
     void loadPackets(KLV::Reader & packets);
     void loadPacket(KLV::Packet & packet);
+    UInt64 areasEnd();
     UInt64 endOf(KLV::Packet const & packet) const;
+
+    Partition const & owner_;
+
+    // Where metadata and index end, once that was asked for.
+    std::optional<UInt64> areasEnd_;
 
     // Where the packet taken last from the index ends. Behind the index that
     // is no other place, from which it would begin anew.
@@ -158,7 +169,7 @@ void Partition::Impl::createMetadata(Templates::auto_ptr<Packs::PrimerPack> prim
 
 void Partition::Impl::loadPackets(KLV::Reader & packets)
 {
-    UInt64 const metadataEnd = indexTableAbsoluteOffset();
+    UInt64 const metadataEnd = std::min(indexTableAbsoluteOffset(), areasEnd());
     while (packets.source().absoluteOffset() < metadataEnd)
     {
         UInt64 skipped = 0;
@@ -195,17 +206,17 @@ void Partition::Impl::loadPacket(KLV::Packet & packet)
 bool Partition::Impl::enterIndex()
 {
     UInt64 const start = indexTableAbsoluteOffset();
-    UInt64 const end = bodyAbsoluteOffset();
+    UInt64 const indexEnd = areasEnd();
     UInt64 const position = source.absoluteOffset();
-    if (position > end && position == packetEnd_)
+    if (start >= indexEnd || (position > indexEnd && position == packetEnd_))
         return false;
 
-    if (position < start || position > end)
+    if (position < start || position > indexEnd)
     {
         source.seek(start);
         state = PartitionInIndex;
     }
-    return source.absoluteOffset() < end;
+    return source.absoluteOffset() < indexEnd;
 }
 
 Templates::auto_ptr<KLV::Packet> Partition::Impl::nextSegment()
@@ -229,6 +240,16 @@ Templates::auto_ptr<KLV::Packet> Partition::Impl::nextSegment()
     return Templates::auto_ptr<KLV::Packet>();
 }
 
+// What a pack says of sizes may reach over other partitions. Nothing there is
+// read as this one's: with as many such packs as a file has room for, it would
+// be read as many times.
+UInt64 Partition::Impl::areasEnd()
+{
+    if (!areasEnd_)
+        areasEnd_ = reader.endOf(owner_);
+    return *areasEnd_;
+}
+
 // Where the source will be behind a packet just taken.
 UInt64 Partition::Impl::endOf(KLV::Packet const & packet) const
 {
@@ -249,7 +270,8 @@ void Partition::Impl::end(UInt64 nextPartition)
 
 Partition::Partition(Reader & reader, Templates::auto_ptr<Packs::PartitionPack> partitionPack,
                      UInt64 partitionAbsoluteOffset, UInt64 metadataAbsoluteOffset, UInt64 searchLimit) :
-    impl_(new Impl(reader, std::move(partitionPack), partitionAbsoluteOffset, metadataAbsoluteOffset, searchLimit))
+    impl_(
+        new Impl(*this, reader, std::move(partitionPack), partitionAbsoluteOffset, metadataAbsoluteOffset, searchLimit))
 {
 }
 
@@ -313,6 +335,11 @@ Templates::auto_ptr<KLV::Packet> Partition::nextBodyKLV(UInt64 searchLimit)
     Templates::auto_ptr<KLV::Packet> packet;
     if (partitionPack().bodySID() == 0)
         return packet;
+    if (impl_->bodyIsAnothers())
+    {
+        impl_->state = PartitionEnded;
+        return packet;
+    }
 
     DataIO::RandomAccessDataSource & source = impl_->source;
     if (source.absoluteOffset() < bodyAbsoluteOffset())

@@ -13,6 +13,7 @@
 #include "KLV/Reader.h"
 #include "MXFIO/Partition.h"
 #include "MXFIO/PartitionPackSearch.h"
+#include "MXFIO/PositionKeeper.h"
 #include "MXFIO/SaturatingSum.h"
 #include "MXFIO/Unreadable.h"
 #include "MetaMetadata/Dictionary.h"
@@ -124,7 +125,9 @@ public:
     void readRunIn();
 
     bool hasPackAt(UInt64 position);
+    UInt64 behindByRIP(Partition const & partition) const;
     bool seekByRIP(Partition const & partition);
+    UInt64 endOf(Partition const & partition);
 
     DataIO::RandomAccessDataSource & source;
     KLV::Reader klvReader;
@@ -269,18 +272,43 @@ bool Reader::Impl::hasPackAt(UInt64 position)
         });
 }
 
-// Goes to the entry that follows the partition's, if it leads on to a pack. A
-// random index pack may be wrong in many ways, and none must lose a partition
-// or lead back to one that was passed.
-bool Reader::Impl::seekByRIP(Partition const & partition)
+// Where the entry that follows the partition's leads, 0 if nowhere behind it.
+UInt64 Reader::Impl::behindByRIP(Partition const & partition) const
 {
+    if (!rip)
+        return 0;
+
     auto const & entries = rip->offsetIndexedMap();
     auto entry = entries.find(partition.partitionPack().thisPartition());
     if (entry == entries.end() || ++entry == entries.end())
-        return false;
+        return 0;
 
     UInt64 const target = saturatingSum(entry->first, runInSize);
-    return target > partition.partitionAbsoluteOffset() && hasPackAt(target);
+    return target > partition.partitionAbsoluteOffset() ? target : 0;
+}
+
+// Goes to the next entry, if it leads on to a pack. A random index pack may be
+// wrong in many ways, and none must lose a partition or lead back to one that
+// was passed.
+bool Reader::Impl::seekByRIP(Partition const & partition)
+{
+    UInt64 const target = behindByRIP(partition);
+    return target != 0 && hasPackAt(target);
+}
+
+UInt64 Reader::Impl::endOf(Partition const & partition)
+{
+    UInt64 end = partition.bodyAbsoluteOffset();
+    auto const behind = places.upper_bound(partition.partitionAbsoluteOffset());
+    if (behind != places.end())
+        end = std::min(end, behind->first);
+
+    UInt64 const target = behindByRIP(partition);
+    if (target == 0 || target >= end)
+        return end;
+
+    PositionKeeper const keeper(source);
+    return hasPackAt(target) ? target : end;
 }
 
 Reader::Reader(DataIO::RandomAccessDataSource & source, Templates::SharedPtr<MetaMetadata::Dictionary> dictionary,
@@ -472,7 +500,7 @@ Partition * Reader::find(UInt64 absoluteOffset)
 
 void Reader::positionSource(Partition * partition)
 {
-    if (impl_->rip && impl_->seekByRIP(*partition))
+    if (impl_->seekByRIP(*partition))
         return;
 
     // A body that was read to its end leaves the source at the key of the next
@@ -497,6 +525,11 @@ Partition * Reader::readPartition(UInt64 limit, bool fixedLimit, UInt64 & bytesC
     bytesConsumed = search.bytesConsumed();
     essenceSeen = essenceSeen || search.essenceSeen();
     return partition;
+}
+
+UInt64 Reader::endOf(Partition const & partition)
+{
+    return impl_->endOf(partition);
 }
 
 }}

@@ -190,4 +190,44 @@ TEST(Partition, HandsOutThePacketsOfItsBody)
     EXPECT_FALSE(last.partitionEnded());
 }
 
+// Many packs may claim what one partition has, but it is read once.
+TEST(Partition, LeavesOthersWhatIsTheirs)
+{
+    std::vector<FilePart> parts = {{HEADER, CLOSED, chainMetadata(1)},
+                                   {BODY},
+                                   {BODY, CLOSED, chainMetadata(2), essence(3, 80), 1, segment(1) + segment(2), 2},
+                                   {FOOTER}};
+    UInt64 const index = MXFFile(parts).offset(2) + MXFFile::PACK_SIZE + chainMetadata(2).size();
+    for (FilePart * part : {&parts[0], &parts[1]})
+        part->lie = [=](PartitionPack & pack)
+        {
+            pack.headerByteCount(index - pack.thisPartition() - MXFFile::PACK_SIZE);
+            pack.indexByteCount((segment(1) + segment(2)).size());
+            pack.indexSID(2);
+            pack.bodySID(1);
+        };
+    MXFFile const file(parts);
+
+    for (bool withRIP : {true, false})
+    {
+        SCOPED_TRACE(withRIP);
+        OpenFile open(file);
+        if (withRIP)
+            open.reader.loadRIP();
+        else
+            offsetsBy(open.reader.lastPartition(), [&](Partition * p) { return open.reader.previousPartition(p); });
+        EXPECT_EQ(offsetsForward(open.reader).size(), 4u);
+
+        for (std::size_t i : {0, 1, 2})
+        {
+            Partition & partition = *open.reader.partitionAtOffset(file.offset(i));
+            partition.rewind();
+            EXPECT_EQ(segmentsOf(partition).size(), i == 2 ? 2u : 0u);
+            EXPECT_EQ(bodyOf(partition).size(), i == 2 ? 3u : 0u);
+            EXPECT_TRUE(partition.partitionEnded());
+        }
+        EXPECT_EQ(open.reader.headerPartition()->metadata()->size(), 2u);
+    }
+}
+
 }}}
