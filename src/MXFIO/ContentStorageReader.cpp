@@ -41,6 +41,9 @@ UInt64 const SEARCH_LIMIT = 4096;
 unsigned int const SYSTEM_ITEM = 4;
 Ratio const UNKNOWN = -1;
 
+// Bytes of a key and its length field.
+UInt64 const LONGEST_HEAD = 25;
+
 // Without a footer a file may still grow.
 bool mayGrow(Reader & reader)
 {
@@ -93,12 +96,15 @@ private:
     bool isWholeContainer();
     void deriveDuration();
     Ratio measuredUnits();
+    bool isStillWritten(KLV::Packet const & packet) const;
+    bool awaitsMore(UInt64 searchLimit) const;
     PacketPtr readInPartition(UInt64 searchLimit);
     bool enterNextPartition();
     void take(KLV::Packet const & packet);
     UInt64 bodyOffsetOf(KLV::Packet const & packet) const;
 
     DataIO::RandomAccessDataSource & source_;
+    DataIO::StreamingDataSource * const growing_;
     bool const computeSize_;
     std::unique_ptr<StreamingPartitionWalker> walker_;
 
@@ -117,6 +123,7 @@ ContentStorageReader::Impl::Impl(Reader & theReader, Metadata::Structural::Essen
     isStreaming(mayGrow(theReader)),
     profile(theProfile),
     source_(theReader.source()),
+    growing_(dynamic_cast<DataIO::StreamingDataSource *>(&source_)),
     computeSize_(shallComputeSize)
 {
     if (loadRIP && !isStreaming && !reader.rip())
@@ -280,8 +287,8 @@ void ContentStorageReader::Impl::refresh()
     PositionKeeper const keeper(source_);
     if (walker_)
         walker_->refresh();
-    else if (auto * const growing = dynamic_cast<DataIO::StreamingDataSource *>(&source_))
-        growing->refresh();
+    else if (growing_ != nullptr)
+        growing_->refresh();
 
     seeker->refresh();
     measure();
@@ -314,15 +321,35 @@ PacketPtr ContentStorageReader::Impl::nextPacket(UInt64 searchLimit)
 {
     while (!isAtEnd_)
     {
+        UInt64 const start = nextPacketOffset_;
         PacketPtr packet = readInPartition(searchLimit);
-        if (packet)
+        if (packet && !isStillWritten(*packet))
         {
             take(*packet);
             return packet;
         }
+        if (packet || awaitsMore(searchLimit))
+        {
+            nextPacketOffset_ = start;
+            break;
+        }
         isAtEnd_ = !enterNextPartition();
     }
     return PacketPtr();
+}
+
+// Whether a packet at the end is yet to come whole.
+bool ContentStorageReader::Impl::isStillWritten(KLV::Packet const & packet) const
+{
+    return growing_ != nullptr && packet.length() > source_.remaining();
+}
+
+// Whether what follows is too little to tell packets from the end of the body.
+bool ContentStorageReader::Impl::awaitsMore(UInt64 searchLimit) const
+{
+    UInt64 const end = source_.absoluteOffset() + source_.remaining();
+    return growing_ != nullptr && !(current_->partitionEnded() && !source_.endOfStream()) &&
+           end - std::min(end, nextPacketOffset_) < saturatingSum(searchLimit, LONGEST_HEAD);
 }
 
 // Null where the body ends or can't be read.
