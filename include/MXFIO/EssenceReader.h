@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MXFIO/ContentStorageProfile.h"
 #include "Platform/Allocation.h"
 #include "Platform/Export.h"
 #include "Platform/Integers.h"
@@ -16,7 +17,6 @@ class TimelineTrack;
 
 namespace MXFIO {
 
-class ContentStorageProfile;
 class Reader;
 class SystemItemKLVPacketListener;
 struct ElementEditUnit;
