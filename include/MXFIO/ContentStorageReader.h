@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MXFIO/ContentStorageProfile.h"
 #include "Platform/Allocation.h"
 #include "Platform/Export.h"
 #include "Platform/Integers.h"
@@ -21,7 +22,6 @@ class Rational;
 
 namespace MXFIO {
 
-class ContentStorageProfile;
 class ElementReader;
 class Reader;
 class Seeker;

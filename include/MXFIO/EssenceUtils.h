@@ -1,6 +1,7 @@
 #pragma once
 
 #include "KLV/Key.h"
+#include "MXFIO/ContentStorageProfile.h"
 #include "Platform/Export.h"
 #include "Platform/Integers.h"
 #include "Templates/Rational.h"
@@ -13,7 +14,6 @@ class UniversalLabel;
 
 namespace MXFIO {
 
-class ContentStorageProfile;
 class Reader;
 class Reader2;
 

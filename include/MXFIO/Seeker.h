@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MXFIO/ContentStorageProfile.h"
 #include "Platform/Allocation.h"
 #include "Platform/Export.h"
 #include "Platform/Integers.h"
@@ -15,7 +16,6 @@ class IndexEntry;
 
 namespace MXFIO {
 
-class ContentStorageProfile;
 class Partition;
 class Reader;
 

@@ -9,11 +9,13 @@
 #include "GenericContainer/RP224UniversalLabels.h"
 #include "MXFIO/EssenceUtils.h"
 #include "MXFIO/RateOf.h"
+#include "Metadata/Element.h"
 #include "Metadata/PartitionMetadata.h"
 #include "Metadata/Structural/EssenceContainerData.h"
 #include "Metadata/Structural/FileDescriptor.h"
 #include "Metadata/Structural/Sequence.h"
 #include "Metadata/Structural/SourcePackage.h"
+#include "Metadata/Structural/StructuralMetadataULs.h"
 #include "Metadata/Structural/TimelineTrack.h"
 #include "Types/Length.h"
 #include "Types/Position.h"
@@ -36,6 +38,14 @@ unsigned int valueOf(Types::UInt32 const * number)
     return number != nullptr ? number->value() : 0;
 }
 
+// Whether there is a descriptor of a kind that the schema doesn't have.
+bool hasStrangeDescriptor(SourcePackage const & package)
+{
+    Metadata::Element const * const element =
+        package.findElement(Metadata::Structural::StructuralMetadataULs::descriptor());
+    return package.descriptor() == nullptr && element != nullptr && !element->empty();
+}
+
 // Edit units of a track in those of the container; -1/1 for what isn't told,
 // and for what no file can hold.
 Ratio converted(Types::Int64 const * editUnits, Ratio const & from, Ratio const & to)
@@ -52,7 +62,7 @@ Ratio converted(Types::Int64 const * editUnits, Ratio const & from, Ratio const 
     }
 }
 
-// The metadata own the track, so that it counts.
+// A track that tells a rate and has a sequence; null for others.
 TimelineTrack const * countingTrack(SourcePackage const & package, unsigned int index)
 {
     auto const * const track = dynamic_cast<TimelineTrack const *>(package.track(index));
@@ -102,6 +112,8 @@ ContainerMetadata::Wrapping ContainerMetadata::wrapping() const
     SourcePackage const * const linkedPackage = package();
     VANTRY_CHECK_TEXT(linkedPackage != nullptr, "linkedPackage != 0", BrokenLink, "Source package not found.");
     auto const * const descriptor = dynamic_cast<FileDescriptor const *>(linkedPackage->descriptor());
+    if (hasStrangeDescriptor(*linkedPackage))
+        return NOT_TOLD;
     VANTRY_CHECK_TEXT(descriptor != nullptr, "descriptor != 0", BrokenLink, "File Descriptor not found.");
     Types::UniversalLabel const * const essenceContainerUL = descriptor->essenceContainer();
     VANTRY_CHECK_TEXT(essenceContainerUL != nullptr, "essenceContainerUL != 0", NotFound,

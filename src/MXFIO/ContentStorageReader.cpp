@@ -93,6 +93,7 @@ private:
     void measureAnyway();
     bool findFirstPacket();
     bool decideClip();
+    bool indexReachesIntoFirstPacket();
     bool isWholeContainer();
     void deriveDuration();
     Ratio measuredUnits();
@@ -113,6 +114,7 @@ private:
     bool isAtEnd_ = false;
     UInt64 nextPacketOffset_ = 0;
     std::optional<KLV::Key> firstKey_;
+    UInt64 firstPacketEnd_ = 0;
 };
 
 ContentStorageReader::Impl::Impl(Reader & theReader, Metadata::Structural::EssenceContainerData & container,
@@ -214,6 +216,7 @@ bool ContentStorageReader::Impl::findFirstPacket()
     // Partitions ahead of it have none of the container.
     first_ = current_;
     firstKey_ = packet->key();
+    firstPacketEnd_ = bodyPosition;
     return true;
 }
 
@@ -223,31 +226,44 @@ bool ContentStorageReader::Impl::decideClip()
     if (profile && profile->isClipWrapped(&isClip) == KNOWLEDGE_KNOWN)
         return isClip;
 
+    // Some makers have clips under the label of frames.
     ContainerMetadata::Wrapping const wrapping = metadata.wrapping();
-    return wrapping == ContainerMetadata::NOT_TOLD ? isWholeContainer() : wrapping == ContainerMetadata::IS_CLIP;
+    bool const isDoubtful = wrapping == ContainerMetadata::NOT_TOLD || indexReachesIntoFirstPacket();
+    return wrapping == ContainerMetadata::IS_CLIP || (isDoubtful && isWholeContainer());
+}
+
+// Whether the second edit unit starts ahead of the end of the first packet.
+bool ContentStorageReader::Impl::indexReachesIntoFirstPacket()
+{
+    UInt64 second = 0;
+    return seeker->hasIndex() && seeker->bodyOffsetOf(1, second) && second < firstPacketEnd_;
 }
 
 // Whether the first packet, with fill items that adjoin it, is all that the
-// container has.
+// container has. One that is cut off is if the index says so.
 bool ContentStorageReader::Impl::isWholeContainer()
 {
     rewind();
     UInt64 size = 0;
     unsigned int packets = 0;
+    bool isCut = false;
     while (PacketPtr const packet = readInPartition(SEARCH_LIMIT))
     {
         if (!KLV::isFillItem(packet->key()) && ++packets > 1)
             return false;
         size = saturatingSum(size, packet->klvLength());
+        isCut = packet->length() > source_.remaining();
         packet->value().discard();
     }
 
+    if (isCut)
+        return indexReachesIntoFirstPacket();
     if (containerSize < 0)
         measureAnyway();
     return containerSize >= 0 && size == static_cast<UInt64>(containerSize);
 }
 
-// Finds the number of edit units, and makes one of all those in a clip.
+// Finds the number of edit units.
 void ContentStorageReader::Impl::deriveDuration()
 {
     duration = metadata.duration();
