@@ -38,6 +38,7 @@ public:
     };
 
     /// \param reader  lent; it outlives this one
+    /// \throws Exceptions::KeyNotFound when the container has no such element.
     BaseElementEssenceReader(ContentStorageReader & reader, Clip const & clip);
     ~BaseElementEssenceReader() override;
 

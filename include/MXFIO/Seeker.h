@@ -9,6 +9,9 @@
 #include "Templates/SharedPtr.h"
 
 namespace Vantry {
+namespace KLV {
+class Key;
+}
 namespace IndexTables {
 struct GOPInfo;
 class IndexEntry;
@@ -65,6 +68,12 @@ public:
     ///
     /// \return false when there is none with this track number
     bool elementIndex(unsigned int trackNumber, unsigned int & index) const;
+
+    /// The key of an element.
+    ///
+    /// \throws Exceptions::KeyNotFound when there is none with this track
+    ///         number.
+    KLV::Key const & elementKey(unsigned int trackNumber) const;
 
     /// The place of the element behind one, which is 0 behind the last. It
     /// stays what it is when there is none with this track number.

@@ -26,6 +26,9 @@ public:
         /// From 0 in the edit unit.
         unsigned int index;
         unsigned int trackNumber;
+
+        /// As it was met.
+        KLV::Key key;
     };
 
     /// Learns the elements by the first edit unit. The source is moved.
@@ -55,7 +58,7 @@ public:
 
 private:
     bool learnBy(Partition & partition, UInt64 searchLimit, IndexTables::IndexTableSegment const * segment);
-    void add(unsigned int trackNumber, IndexTables::DeltaEntry const & delta);
+    void add(KLV::Key const & key, IndexTables::DeltaEntry const & delta);
     void clear();
 
     Templates::map<unsigned int, Element> elements_;

@@ -50,7 +50,7 @@ BaseElementEssenceReader::BaseElementEssenceReader(ContentStorageReader & reader
     clip_(clip),
     containerRate_(rateOfContainer(reader, clip.trackRate)),
     ratio_(containerRate_ / clip.trackRate),
-    key_(trackNumber2Key(clip.trackNumber)),
+    key_(reader.seeker().elementKey(clip.trackNumber)),
     nextEditUnit_(positionFor(firstTrackEditUnit())),
     endEditUnit_(clip.duration < 0 ? UNKNOWN : UnitScale(ratio_).ceiling(endTrackEditUnit()))
 {

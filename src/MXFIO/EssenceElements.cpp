@@ -99,11 +99,10 @@ bool EssenceElements::learnBy(Partition & partition, UInt64 searchLimit, IndexTa
 
         if (!KLV::isFillItem(packet->key()))
         {
-            unsigned int const trackNumber = key2TrackNumber(packet->key());
-            if (find(trackNumber) != nullptr)
+            if (find(key2TrackNumber(packet->key())) != nullptr)
                 break;
             if (walk.isElement())
-                add(trackNumber, walk.take());
+                add(packet->key(), walk.take());
         }
         walk.pass(packet->klvLength());
     }
@@ -120,7 +119,7 @@ void EssenceElements::learnClip(Reader & reader, Partition & partition, UInt64 s
     KLV::Key const key = reader.klvReader().peekNextKey(skipped, searchLimit);
     VANTRY_CHECK_TEXT(!KLV::isFillItem(key), "!KLV::isFillItem (key)", InvalidFormat,
                       "Expected Essence KLV on clip-wrapped body partition");
-    add(key2TrackNumber(key), DeltaWalk(segment).take());
+    add(key, DeltaWalk(segment).take());
 }
 
 EssenceElements::Element const * EssenceElements::find(unsigned int trackNumber) const
@@ -129,9 +128,11 @@ EssenceElements::Element const * EssenceElements::find(unsigned int trackNumber)
     return found == elements_.end() ? nullptr : &found->second;
 }
 
-void EssenceElements::add(unsigned int trackNumber, DeltaEntry const & delta)
+void EssenceElements::add(KLV::Key const & key, DeltaEntry const & delta)
 {
-    auto const place = elements_.insert({trackNumber & ~ELEMENT_COUNT_BYTE, Element{delta, size(), trackNumber}}).first;
+    unsigned int const trackNumber = key2TrackNumber(key);
+    auto const place =
+        elements_.insert({trackNumber & ~ELEMENT_COUNT_BYTE, Element{delta, size(), trackNumber, key}}).first;
     order_.push_back(&place->second);
     if (static_cast<unsigned char>(delta.posTableIndex()) > MOST_POSITION_TABLES)
         temporalReorderingTrack_ = trackNumber;

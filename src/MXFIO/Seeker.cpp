@@ -224,6 +224,11 @@ bool Seeker::elementIndex(unsigned int trackNumber, unsigned int & index) const
     return element != nullptr;
 }
 
+KLV::Key const & Seeker::elementKey(unsigned int trackNumber) const
+{
+    return impl_->elementOf(trackNumber).key;
+}
+
 void Seeker::passElement(unsigned int trackNumber, unsigned int & index) const
 {
     if (EssenceElements::Element const * const element = impl_->elements.find(trackNumber))

@@ -92,6 +92,7 @@ TEST(ElementReader, ReadsTracksInTurns)
     EXPECT_EQ(next(*sound), repeated(40, 17));
     EXPECT_EQ(next(*sound), repeated(40, 18));
 
+    EXPECT_THAT(open.content.elements(), testing::ElementsAre(PICTURE, SOUND | 0x00040000));
     ElementEditUnit unit;
     EXPECT_TRUE(picture->setPosition(4));
     EXPECT_TRUE(picture->nextElement(0, unit));
