@@ -1,6 +1,10 @@
 #pragma once
 
+#include "Platform/Integers.h"
+
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace Vantry { namespace Application {
 
@@ -22,6 +26,17 @@ public:
 
     /// An option with a value, which the help calls `valueName`.
     virtual void text(char const * name, std::string & target, char const * valueName, char const * help) = 0;
+
+    /// The same, without which the command has nothing to do.
+    virtual void requiredText(char const * name, std::string & target, char const * valueName, char const * help) = 0;
+
+    /// An option with a number from 0 on.
+    virtual void number(char const * name, std::optional<UInt64> & target, char const * valueName,
+                        char const * help) = 0;
+
+    /// An option with a number, to be given once or more.
+    virtual void numbers(char const * name, std::vector<unsigned> & target, char const * valueName,
+                         char const * help) = 0;
 };
 
 }}

@@ -65,6 +65,8 @@ void walkPackets(Input & input, PacketListener & listener)
         listener.value(*packet);
         packet->value().discard();
         listener.packet(*packet, source.absoluteOffset() - valueStart);
+        if (listener.isSatisfied())
+            return;
     }
 }
 

@@ -29,6 +29,9 @@ public:
     /// A stretch of bytes that belong to no packet. With `unreadableLength`
     /// there is a key among them whose length field can't be decoded.
     virtual void gap(UInt64 offset, UInt64 size, bool unreadableLength) = 0;
+
+    /// Whether the walk may end; asked behind each packet.
+    virtual bool isSatisfied() const { return false; }
 };
 
 /// Takes an input packet by packet, over whatever lies between them. The

@@ -47,6 +47,21 @@ public:
         parser_.add_option(name, target, help)->type_name(valueName);
     }
 
+    void requiredText(char const * name, std::string & target, char const * valueName, char const * help) override
+    {
+        parser_.add_option(name, target, help)->type_name(valueName)->required();
+    }
+
+    void number(char const * name, std::optional<UInt64> & target, char const * valueName, char const * help) override
+    {
+        parser_.add_option(name, target, help)->type_name(valueName);
+    }
+
+    void numbers(char const * name, std::vector<unsigned> & target, char const * valueName, char const * help) override
+    {
+        parser_.add_option(name, target, help)->type_name(valueName)->allow_extra_args(false);
+    }
+
 private:
     CLI::App & parser_;
 };

@@ -2,6 +2,7 @@
 #include "InfoCommand.h"
 #include "Output.h"
 #include "Program.h"
+#include "UnwrapCommand.h"
 
 #include <csignal>
 #include <cstdio>
@@ -17,6 +18,7 @@ int main(int argumentCount, char ** arguments)
     Program program;
     program.add(std::make_unique<DumpCommand>());
     program.add(std::make_unique<InfoCommand>());
+    program.add(std::make_unique<UnwrapCommand>());
 
     Output output(stdout);
     return static_cast<int>(program.run(argumentCount, arguments, output));

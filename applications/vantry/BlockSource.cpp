@@ -1,0 +1,77 @@
+#include "BlockSource.h"
+
+#include <algorithm>
+
+namespace Vantry { namespace Application {
+
+namespace {
+
+// Large enough that calls to the system don't count, small enough to stay in
+// the processor's cache on the way to the output.
+UInt64 const BLOCK_SIZE = 1 << 20;
+
+// What is read behind a jump: the next one may follow soon.
+UInt64 const BLOCK_SIZE_AFTER_JUMP = 1 << 16;
+
+}
+
+BlockSource::BlockSource(std::unique_ptr<DataIO::RandomAccessDataSource> file) :
+    file_(std::move(file)),
+    size_(file_->absoluteOffset() + file_->remaining()),
+    position_(0),
+    block_(BLOCK_SIZE),
+    blockStart_(0),
+    blockEnd_(0)
+{
+}
+
+BlockSource::Lent BlockSource::lend(UInt64 howMuch)
+{
+    if (position_ < blockStart_ || position_ >= blockEnd_)
+        readBlock();
+
+    UInt64 const size = std::min(howMuch, blockEnd_ - position_);
+    unsigned char const * const bytes = block_.data() + (position_ - blockStart_);
+    position_ += size;
+    return {bytes, size};
+}
+
+void BlockSource::readBlock()
+{
+    if (blockGoes_ && blockEnd_ > blockStart_)
+        blockGoes_();
+
+    UInt64 const size = position_ == blockEnd_ ? BLOCK_SIZE : BLOCK_SIZE_AFTER_JUMP;
+    blockStart_ = blockEnd_ = position_;
+    file_->seek(position_);
+    blockEnd_ += file_->read(block_.data(), std::min(size, remaining()));
+}
+
+UInt64 BlockSource::read(unsigned char * destination, UInt64 howMuch)
+{
+    UInt64 done = 0;
+    while (done < howMuch)
+    {
+        Lent const lent = lend(howMuch - done);
+        if (lent.size == 0)
+            break;
+        std::copy_n(lent.bytes, lent.size, destination + done);
+        done += lent.size;
+    }
+    return done;
+}
+
+UInt64 BlockSource::skip(UInt64 howMuch)
+{
+    UInt64 const skipped = std::min(howMuch, remaining());
+    position_ += skipped;
+    return skipped;
+}
+
+UInt64 BlockSource::seek(UInt64 position)
+{
+    position_ = std::min(position, size_);
+    return position_;
+}
+
+}}

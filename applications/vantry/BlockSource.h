@@ -1,0 +1,56 @@
+#pragma once
+
+#include "DataIO/RandomAccessDataSource.h"
+#include "Platform/Integers.h"
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace Vantry { namespace Application {
+
+/// Reads a file in large blocks and lends their bytes, which then get to an
+/// output without being copied.
+class BlockSource : public DataIO::RandomAccessDataSource
+{
+public:
+    /// Bytes that are good until the listener hears that they go.
+    struct Lent
+    {
+        unsigned char const * bytes;
+        std::size_t size;
+    };
+
+    explicit BlockSource(std::unique_ptr<DataIO::RandomAccessDataSource> file);
+
+    /// Is called before a block makes room for another.
+    void beforeBlockGoes(std::function<void()> listener) { blockGoes_ = std::move(listener); }
+
+    /// Lends up to `howMuch` bytes from the position on, and moves behind
+    /// them; none at the end of the file.
+    ///
+    /// \throws Exceptions::IOError when the file can't be read.
+    Lent lend(UInt64 howMuch);
+
+    UInt64 absoluteOffset() const override { return position_; }
+    UInt64 remaining() const override { return size_ - position_; }
+    bool endOfStream() const override { return position_ == size_; }
+    UInt64 read(unsigned char * destination, UInt64 howMuch) override;
+    UInt64 skip(UInt64 howMuch) override;
+    UInt64 seek(UInt64 position) override;
+    void discard() override { position_ = size_; }
+
+private:
+    void readBlock();
+
+    std::unique_ptr<DataIO::RandomAccessDataSource> file_;
+    std::function<void()> blockGoes_;
+    UInt64 size_;
+    UInt64 position_;
+
+    std::vector<unsigned char> block_;
+    UInt64 blockStart_;
+    UInt64 blockEnd_;
+};
+
+}}
