@@ -26,14 +26,6 @@ void demand(bool condition)
         std::abort();
 }
 
-Bytes packet(KLV::Key const & key, Bytes const & value)
-{
-    Bytes bytes(key.rawBuffer(), key.rawBuffer() + key.size());
-    for (std::size_t byte : {std::size_t(0x83), value.size() >> 16, value.size() >> 8, value.size()})
-        bytes.push_back(static_cast<unsigned char>(byte));
-    return bytes + value;
-}
-
 Bytes written(Metadata::MetadataSet const & set, Metadata::PartitionDictionary const & dictionary)
 {
     Tests::BytesSink sink;
@@ -64,7 +56,7 @@ void load(KLV::Key const & key, Bytes const & value)
 {
     // A value that was cut off is whole once it is written: it may be of its
     // type then.
-    Bytes const whole = reloaded(reloaded(packet(key, value)));
+    Bytes const whole = reloaded(reloaded(Tests::packet(key, value)));
     demand(reloaded(whole) == whole);
 }
 

@@ -6,6 +6,16 @@
 
 namespace Vantry { namespace Tests {
 
+/// A packet whose length field has four bytes.
+inline Bytes packet(KLV::Key const & key, Bytes const & value)
+{
+    Bytes bytes(key.rawBuffer(), key.rawBuffer() + key.size());
+    bytes.push_back(0x83);
+    for (int shift : {16, 8, 0})
+        bytes.push_back(static_cast<unsigned char>(value.size() >> shift));
+    return bytes + value;
+}
+
 /// The first packet in a run of bytes, ready to be read.
 class BytesPacket
 {

@@ -19,16 +19,6 @@ auto const FOOTER = Packs::PartitionPack::FOOTER_PARTITION;
 auto const OPEN = Packs::PartitionPack::OPEN_INCOMPLETE;
 auto const CLOSED = Packs::PartitionPack::CLOSED_COMPLETE;
 
-/// A packet whose length field has four bytes.
-inline Bytes packet(KLV::Key const & key, Bytes const & value)
-{
-    Bytes bytes(key.rawBuffer(), key.rawBuffer() + key.size());
-    bytes.push_back(0x83);
-    for (int shift : {16, 8, 0})
-        bytes.push_back(static_cast<unsigned char>(value.size() >> shift));
-    return bytes + value;
-}
-
 /// A fill item of so many bytes in all, 20 at least.
 inline Bytes fill(UInt64 size)
 {

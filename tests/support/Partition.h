@@ -10,7 +10,7 @@
 #include "Types/WeakReference.h"
 #include "support/BytesPacket.h"
 #include "support/BytesSink.h"
-#include "support/SetOwner.h"
+#include "support/Elements.h"
 
 namespace Vantry { namespace Tests {
 
@@ -43,7 +43,7 @@ public:
     Metadata::MetadataSet & add(KLV::Key const & key, unsigned int number)
     {
         Metadata::MetadataSet & set = *metadata.createMetadataSet(key);
-        SetOwner::identify(set, numberedUUID(number));
+        identify(set, numberedUUID(number));
         return set;
     }
 

@@ -68,13 +68,6 @@ inline KLV::Key strangeKey()
     return KLV::Key(hex("06 0E 2B 34 02 53 01 01 0D 01 01 01 01 01 7D 00").data());
 }
 
-inline Types::UUID uuid(unsigned char last)
-{
-    Bytes bytes = repeated(16, 0xEE);
-    bytes[15] = last;
-    return Types::UUID(bytes.data());
-}
-
 /// A dictionary for tests: a Preface with an instance identifier, a child and
 /// packages; and nodes, which have all attributes but ELSEWHERE. References
 /// may go to nodes.

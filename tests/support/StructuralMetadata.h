@@ -76,9 +76,8 @@ inline Templates::vector<KLV::Key> structuralKeys()
 #undef VANTRY_KEY
 }
 
-/// A dictionary of the built-in schema in which all attributes are optional,
-/// and one is in no set.
-inline Templates::SharedPtr<MetaMetadata::Dictionary> lenientDictionary(Types::UniversalLabel const & without)
+/// A dictionary of the built-in schema in which all attributes are optional.
+inline Templates::SharedPtr<MetaMetadata::Dictionary> lenientDictionary()
 {
     using namespace ::Vantry::Schema;
     Tables tables = builtInTables();
@@ -88,8 +87,7 @@ inline Templates::SharedPtr<MetaMetadata::Dictionary> lenientDictionary(Types::U
     {
         std::vector<AttributeRow> & attributes = kept.emplace_back();
         for (AttributeRow const & row : set.attributes)
-            if (without != Types::UniversalLabel(tables.elements.first[row.element].label.bytes))
-                attributes.push_back({row.element, MetaMetadata::AttributeRequiredStatus::Opt, row.semantics});
+            attributes.push_back({row.element, MetaMetadata::AttributeRequiredStatus::Opt, row.semantics});
         set.attributes = {attributes.data(), attributes.size()};
     }
     tables.sets = {sets.data(), sets.size()};
@@ -102,15 +100,7 @@ class StructuralMetadata
 public:
     using Dictionary = Templates::SharedPtr<MetaMetadata::Dictionary>;
 
-    /// By the built-in schema.
-    StructuralMetadata() : StructuralMetadata(::Vantry::Schema::builtInDictionary()) {}
-
-    /// By a schema in which all is optional, and one attribute isn't there.
-    explicit StructuralMetadata(Types::UniversalLabel const & without) : StructuralMetadata(lenientDictionary(without))
-    {
-    }
-
-    explicit StructuralMetadata(Dictionary const & dictionary) :
+    explicit StructuralMetadata(Dictionary const & dictionary = ::Vantry::Schema::builtInDictionary()) :
         metadata_(new Metadata::PartitionMetadata(
             Templates::auto_ptr<Metadata::PartitionDictionary>(new Metadata::PartitionDictionary(
                 dictionary, Templates::auto_ptr<Packs::PrimerPack>(new Packs::PrimerPack)))))

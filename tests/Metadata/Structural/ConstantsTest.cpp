@@ -1,17 +1,10 @@
 #include "KLV/Key.h"
-#include "Metadata/DMS1/DMS1MetadataKeyList.h"
 #include "Metadata/DMS1/DMS1MetadataKeys.h"
-#include "Metadata/DMS1/DMS1MetadataULList.h"
 #include "Metadata/DMS1/DMS1MetadataULs.h"
 #include "Metadata/Structural/DataDefinitionULs.h"
 #include "Metadata/Structural/DistiguishedValue.h"
-#include "Metadata/Structural/IndexTableULList.h"
-#include "Metadata/Structural/IndexTablesULs.h"
 #include "Metadata/Structural/NullValues.h"
-#include "Metadata/Structural/StructuralMetadataKeyList.h"
 #include "Metadata/Structural/StructuralMetadataKeys.h"
-#include "Metadata/Structural/StructuralMetadataULList.h"
-#include "Metadata/Structural/StructuralMetadataULs.h"
 #include "Metadata/Structural/Wrappings.h"
 #include "Types/UMID32.h"
 #include "Types/UMID64.h"
@@ -20,9 +13,6 @@
 #include "support/Bytes.h"
 
 #include <gtest/gtest.h>
-
-#include <map>
-#include <string>
 
 using namespace Vantry;
 using namespace Vantry::Metadata;
@@ -34,49 +24,6 @@ template <class Identifier>
 Bytes bytesOf(Identifier const & identifier)
 {
     return Bytes(identifier.rawBuffer(), identifier.rawBuffer() + identifier.size());
-}
-
-// Tables share one register, so a row in two of them is a slip of the pen.
-TEST(Constants, NoTwoTablesShareARow)
-{
-    std::map<Bytes, std::string> seen;
-    std::string clashes;
-    int rows = 0;
-    auto const enter = [&](char const * name, Bytes const & bytes)
-    {
-        ++rows;
-        auto const place = seen.emplace(bytes, name);
-        if (!place.second)
-            clashes += place.first->second + " " + name + "; ";
-    };
-#define ENTER(name, text) enter(#name, bytesOf(name()));
-    {
-        using namespace Structural::StructuralMetadataULs;
-        VANTRY_STRUCTURAL_METADATA_ULS(ENTER)
-    }
-    {
-        using namespace Structural::IndexTablesULs;
-        VANTRY_INDEX_TABLE_ULS(ENTER)
-    }
-    {
-        using namespace DMS1::DMS1MetadataULs;
-        VANTRY_DMS1_METADATA_ULS(ENTER)
-    }
-    EXPECT_EQ(rows, 189 + 8 + 192);
-    EXPECT_EQ(clashes, "geographicalCoordinate astronomicalBodyName; ");
-
-    rows = 0;
-    {
-        using namespace Structural::StructuralMetadataKeys;
-        VANTRY_STRUCTURAL_METADATA_KEYS(ENTER)
-    }
-    {
-        using namespace DMS1::DMS1MetadataKeys;
-        VANTRY_DMS1_METADATA_KEYS(ENTER)
-    }
-#undef ENTER
-    EXPECT_EQ(rows, 35 + 32);
-    EXPECT_EQ(seen.size(), 189u + 8 + 191 + 35 + 32);
 }
 
 TEST(Constants, BytesStandAsWritten)
