@@ -99,25 +99,6 @@ TEST(BitSliceReader, TakesBitsLikeOneByOne)
     }
 }
 
-TEST(BitSliceReader, GoesOnByBytesBehindTheBits)
-{
-    CountingBlocks blocks;
-    BitSliceReader reader(pieceSource(blocks, {hex("AB CD EF"), hex("01 02")}));
-
-    unsigned char bits[2];
-    reader.readBits(12, bits);
-    EXPECT_EQ(bits[0], 0xAB);
-    EXPECT_EQ(bits[1], 0xC0);
-    EXPECT_EQ(bytesOf(*reader.read(1)), hex("EF"));
-    reader.readBits(4, bits);
-    EXPECT_EQ(bits[0], 0xD0) << "the rest of the byte is still there";
-
-    reader.releaseCache();
-    EXPECT_EQ(reader.skipBits(1), 1u);
-    reader.releaseCache();
-    EXPECT_EQ(bytesOf(*reader.read(9)), hex("02"));
-}
-
 TEST(BitSliceReader, TellsThatTheBitsRunOut)
 {
     char const * const AT_THE_END = "!this -> eof (): Not enough data to read from the source";
@@ -128,8 +109,6 @@ TEST(BitSliceReader, TellsThatTheBitsRunOut)
     reader.readBits(3, bits);
     EXPECT_FAILURE(NotEnoughData, AT_THE_END, reader.readBits(22, bits));
     EXPECT_FAILURE(NotEnoughData, AT_THE_END, reader.skipBits(1));
-    reader.readBits(0, nullptr);
-    EXPECT_EQ(reader.skipBits(0), 0u);
 
     Chain used;
     reader.readCache(used);

@@ -1,7 +1,7 @@
 #include "DataIO/BufferAlignDataSource.h"
 
 #include "Exceptions/InvalidValue.h"
-#include "support/Bytes.h"
+#include "support/BytesSource.h"
 #include "support/Failure.h"
 
 #include <algorithm>
@@ -13,44 +13,25 @@ using DataIO::BufferAlignDataSource;
 
 namespace {
 
-// Holds bytes and tells whether it was always read from aligned positions.
-class WatchedSource : public DataIO::RandomAccessDataSource
+// Tells whether it was always read from aligned positions.
+class WatchedSource : public BytesSource
 {
 public:
     WatchedSource(Bytes const & bytes, UInt64 alignment, UInt64 mostAtOnce) :
-        bytes_(bytes), alignment_(alignment), mostAtOnce_(mostAtOnce)
+        BytesSource(bytes, mostAtOnce), alignment_(alignment)
     {
     }
 
     bool aligned() const { return aligned_; }
 
-    UInt64 absoluteOffset() const override { return position_; }
-    bool endOfStream() const override { return remaining() == 0; }
-    UInt64 remaining() const override { return bytes_.size() - position_; }
-    void discard() override { seek(bytes_.size()); }
-
     UInt64 read(unsigned char * destination, UInt64 howMuch) override
     {
-        aligned_ = aligned_ && position_ % alignment_ == 0;
-        UInt64 const size = std::min({howMuch, remaining(), mostAtOnce_});
-        std::copy_n(bytes_.data() + position_, size, destination);
-        position_ += size;
-        return size;
+        aligned_ = aligned_ && absoluteOffset() % alignment_ == 0;
+        return BytesSource::read(destination, howMuch);
     }
-
-    UInt64 skip(UInt64 howMuch) override
-    {
-        UInt64 const before = position_;
-        return seek(position_ + std::min(howMuch, remaining())) - before;
-    }
-
-    UInt64 seek(UInt64 position) override { return position_ = std::min<UInt64>(position, bytes_.size()); }
 
 private:
-    Bytes bytes_;
     UInt64 alignment_;
-    UInt64 mostAtOnce_;
-    UInt64 position_ = 0;
     bool aligned_ = true;
 };
 
@@ -121,24 +102,12 @@ TEST(BufferAlignDataSource, ReadsLikeItsSource)
 
 TEST(BufferAlignDataSource, ChecksItsSizes)
 {
-    struct Case
-    {
-        unsigned int alignment, bufferSize;
-        char const * failure;
-    };
-
-    char const * const TOO_SMALL = "align_ - 1 <= bufferSize: Alignment size must be smaller than buffer size.";
-    Case const CASES[] = {
-        {0, 0, "align_ > 0: Alignment must be higher than zero"},
-        {0, 512, "align_ > 0: Alignment must be higher than zero"},
-        {2, 0, "align_ == 1: Alignment must be one if no buffer."},
-        {512, 510, TOO_SMALL},
-        {~0u, 510, TOO_SMALL},
-    };
-
     WatchedSource source(counting(10), 1, 1000);
-    for (Case const & c : CASES)
-        EXPECT_FAILURE(InvalidValue, c.failure, BufferAlignDataSource(source, c.alignment, c.bufferSize));
+    EXPECT_FAILURE(InvalidValue, "align_ > 0: Alignment must be higher than zero", BufferAlignDataSource(source, 0, 0));
+    EXPECT_FAILURE(InvalidValue, "align_ == 1: Alignment must be one if no buffer.",
+                   BufferAlignDataSource(source, 2, 0));
+    EXPECT_FAILURE(InvalidValue, "align_ - 1 <= bufferSize: Alignment size must be smaller than buffer size.",
+                   BufferAlignDataSource(source, 512, 510));
     EXPECT_EQ(BufferAlignDataSource(source, 512, 511).remaining(), 10u);
 }
 

@@ -48,30 +48,16 @@ TEST(SliceSourceTee, ShowsTheSinkWhatPasses)
 {
     CountingBlocks blocks;
     std::vector<Bytes> const pieces = {counting(10), {}, counting(10, 10), counting(5, 20)};
-    int const noCopies = static_cast<int>(2 * pieces.size());
+    int const noCopies = static_cast<int>(pieces.size());
 
-    class Sink : public BufferSliceSource
-    {
-    public:
-        void write(auto_ptr<Slice> slice) override
-        {
-            EXPECT_NE(slice->size(), 0u);
-            BufferSliceSource::write(slice);
-        }
-    };
-
-    Sink sink;
+    BufferSliceSource sink;
     SliceSourceTee tee(pieceSource(blocks, pieces), &sink);
-    SliceSourceTee alone(pieceSource(blocks, pieces), nullptr);
-    for (SliceSourceTee * each : {&tee, &alone})
-    {
-        EXPECT_EQ(bytesOf(*each->read(4)), counting(4));
-        EXPECT_EQ(each->skip(14), 14u);
-        EXPECT_EQ(each->absoluteOffset(), 18u);
-        EXPECT_FALSE(each->endOfStream());
-        EXPECT_EQ(each->skip(100), 7u);
-        EXPECT_TRUE(each->endOfStream());
-    }
+    EXPECT_EQ(bytesOf(*tee.read(4)), counting(4));
+    EXPECT_EQ(tee.skip(14), 14u);
+    EXPECT_EQ(tee.absoluteOffset(), 18u);
+    EXPECT_FALSE(tee.endOfStream());
+    EXPECT_EQ(tee.skip(100), 7u);
+    EXPECT_TRUE(tee.endOfStream());
 
     sink.close();
     DataIO::Chain seen;

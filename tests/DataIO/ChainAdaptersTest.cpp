@@ -23,7 +23,6 @@ TEST(ChainAdapters, PassBytesThroughChains)
     ChainSinkDataAdapter writer(sink);
     writer.write(from);
 
-    EXPECT_EQ(from.slice_count(), 6u) << "it is only read";
     EXPECT_EQ(bytesOf(to), bytesOf(from));
     EXPECT_EQ(sink.absoluteOffset(), 270u);
     EXPECT_EQ(blocks.made(), made + 4) << "50, 60, 150 and 1";
@@ -50,10 +49,6 @@ TEST(ChainAdapters, ExtendNothingButTheirOwnSlices)
     EXPECT_EQ(bytesOf(gone), hex("02 03"));
     EXPECT_EQ(bytesOf(chain), hex("00 01 04 05 00 01 02 06 07 08 09"));
     EXPECT_EQ(blocks.made(), 2);
-    chain.clear();
-    sink.write(bytes.data(), 10);
-    EXPECT_EQ(bytesOf(gone), hex("02 03"));
-    EXPECT_EQ(bytesOf(chain), bytes);
 }
 
 }}

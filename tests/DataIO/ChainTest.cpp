@@ -61,13 +61,6 @@ Addresses part(Addresses const & addresses, UInt64 offset, UInt64 size)
                      addresses.begin() + static_cast<std::ptrdiff_t>(end));
 }
 
-// 0 1 2 3 | 4 5 6 7 8 9, on two blocks.
-void fillTwoBlocks(CountingBlocks & blocks, Chain & chain)
-{
-    chain.push_back(blocks.slice(counting(4)));
-    chain.push_back(blocks.slice(counting(6, 4)));
-}
-
 }
 
 TEST(Chain, MovesBytesLikeAListOfTheirAddresses)
@@ -157,97 +150,6 @@ TEST(Chain, MovesBytesLikeAListOfTheirAddresses)
         }
     }
     EXPECT_EQ(blocks.alive(), 0);
-}
-
-TEST(Chain, JoinsNeighboursAtItsEndOnly)
-{
-    CountingBlocks blocks;
-    Chain chain, front, back;
-    chain.push_back(blocks.slice(counting(100)));
-
-    for (UInt64 size : {1, 30, 0, 69})
-        chain.chopBegin(size, back);
-    EXPECT_TRUE(chain.empty());
-    EXPECT_EQ(back.slice_count(), 1u) << "rejoined in order";
-
-    for (UInt64 size : {1, 30, 0, 69})
-        back.chopEnd(size, front);
-    EXPECT_TRUE(back.empty());
-    EXPECT_EQ(front.slice_count(), 3u) << "nothing merges at the front";
-
-    front.chopBegin(69, chain);
-    chain.push_back(front);
-    EXPECT_EQ(chain.slice_count(), 3u) << "nor where chains meet";
-    EXPECT_EQ(bytesOf(chain), counting(100));
-
-    chain.push_back(auto_ptr<Slice>(new Slice));
-    EXPECT_EQ(chain.slice_count(), 3u);
-    chain.push_front(auto_ptr<Slice>(new Slice));
-    EXPECT_EQ(chain.slice_count(), 4u);
-    EXPECT_EQ(chain.data_size(), 100u);
-    EXPECT_EQ(blocks.made(), 1);
-}
-
-TEST(Chain, CopiesARangeOnlyAcrossBlocks)
-{
-    struct Case
-    {
-        char const * name;
-        UInt64 offset, size;
-        Bytes result;
-        bool copied;
-    };
-
-    Case const CASES[] = {
-        {"nothing at the start", 0, 0, {}, false},
-        {"a part of the first block", 1, 2, counting(2, 1), false},
-        {"up to the seam", 1, 3, counting(3, 1), false},
-        {"over the seam", 3, 2, counting(2, 3), true},
-        {"a part of the last block", 5, 5, counting(5, 5), false},
-        {"nothing at the seam", 4, 0, {}, false},
-        {"nothing at the end", 10, 0, {}, false},
-        {"more than there is", 8, 5, counting(2, 8), true},
-        {"more than there can be", 2, EVERYTHING, counting(8, 2), true},
-        {"behind the end", 11, 3, {}, false},
-    };
-
-    for (Case const & c : CASES)
-    {
-        SCOPED_TRACE(c.name);
-        CountingBlocks blocks;
-        Chain chain;
-        fillTwoBlocks(blocks, chain);
-
-        auto_ptr<Slice> const slice = chain.makeSlice(c.offset, c.size);
-        EXPECT_EQ(bytesOf(*slice), c.result);
-        EXPECT_EQ(blocks.made(), c.copied ? 3 : 2);
-        EXPECT_EQ(slice->block()->size(), c.copied ? c.result.size() : c.offset > 10 ? 0 : c.offset > 4 ? 6 : 4);
-        EXPECT_EQ(bytesOf(chain), counting(10));
-    }
-
-    Chain const empty;
-    EXPECT_EQ(empty.makeSlice(0, 0)->block(), Slice().block());
-    EXPECT_EQ(empty.makeSlice(0, 9)->size(), 0u);
-}
-
-TEST(SliceList, LinksSlicesThatItDoesNotOwn)
-{
-    CountingBlocks blocks;
-    auto_ptr<Slice> const one = blocks.slice(counting(1));
-    auto_ptr<Slice> const two = blocks.slice(counting(2));
-
-    DataIO::SliceList list, other;
-    list.push_back(two.get());
-    EXPECT_EQ(list.insert(list.begin(), one.get()).slice(), one.get());
-    EXPECT_EQ(list.erase(list.begin()).slice(), two.get());
-    EXPECT_EQ(one->next(), two.get()) << "an erased slice keeps its links";
-
-    other.push_back(one.get());
-    list.move(list.end(), other);
-    list.move(list.end(), other);
-    EXPECT_TRUE(other.empty());
-    EXPECT_EQ(list.size(), 2u);
-    EXPECT_EQ(list.previous(), one.get());
 }
 
 }}

@@ -1,9 +1,9 @@
 #include "DataIO/Chain.h"
-#include "DataIO/Memory/MemoryBlockFactory.h"
 #include "Platform/FixedSizeAllocator.h"
 #include "Quorvan/Framework/Management/IRegisteredObject.h"
 #include "Quorvan/Framework/Management/MemoryManager.h"
 #include "support/Slices.h"
+#include "support/Threads.h"
 
 #include <gtest/gtest.h>
 
@@ -24,16 +24,6 @@ namespace {
 UInt64 const MANY = 1000;
 
 CountingBlocks blocks;
-
-// Dropped when the main thread has given its cells back and the static
-// objects of the program are gone: a sanitizer sees whether that is fine.
-Chain * lateChain = nullptr;
-
-[[gnu::destructor]] void dropLate()
-{
-    delete lateChain;
-    delete new Slice;
-}
 
 // Fills a chain with slices that don't merge.
 void fill(Chain & chain, Slice const & slice, UInt64 count)
@@ -70,33 +60,6 @@ TEST(SliceAllocator, LosesNoCellWhenThreadsEnd)
     EXPECT_LE(cells.size(), 4 * MANY) << "dropped on another thread than made";
 }
 
-TEST(SliceAllocator, ServesObjectsThatEndWithTheirThread)
-{
-    Slice const slice(*blocks.slice(counting(8)));
-    Cells cells;
-
-    for (int round = 0; round < 50; ++round)
-        std::thread(
-            [&]
-            {
-                // Made ahead of the thread's first slice, it ends behind the
-                // cells that the thread keeps.
-                static thread_local Chain chain;
-                fill(chain, slice, MANY);
-                note(chain, cells);
-            })
-            .join();
-
-    EXPECT_LE(cells.size(), 4 * MANY);
-}
-
-TEST(SliceAllocator, LetsSlicesOutliveTheMainThread)
-{
-    lateChain = new Chain;
-    DataIO::BlockHolder const block = DataIO::Memory::MemoryBlockFactory::instance().create(8);
-    fill(*lateChain, Slice(block.block(), 0, 8), MANY);
-}
-
 TEST(SliceAllocator, LetsThreadsDropSlicesOfOneBlock)
 {
     int const alive = blocks.alive();
@@ -108,16 +71,12 @@ TEST(SliceAllocator, LetsThreadsDropSlicesOfOneBlock)
             fill(chain, *slice, MANY);
         slice.reset();
 
-        std::vector<std::thread> threads;
-        for (Chain & chain : chains)
-            threads.emplace_back(
-                [&chain]
-                {
-                    while (!chain.empty())
-                        chain.erase(chain.begin());
-                });
-        for (std::thread & thread : threads)
-            thread.join();
+        onThreads(2,
+                  [&](unsigned int t)
+                  {
+                      while (!chains[t].empty())
+                          chains[t].erase(chains[t].begin());
+                  });
     }
     EXPECT_EQ(blocks.alive(), alive);
 }
@@ -143,14 +102,9 @@ TEST(SliceAllocator, SharesItsCellsWithOtherModules)
         })
         .join();
 
-    Cells again;
-    for (void * cell : cells)
-        again.insert(cell);
-    for (UInt64 i = 0; i < MANY; ++i)
-    {
-        cells[i] = shared->allocate();
-        EXPECT_EQ(again.count(cells[i]), 1u);
-    }
+    Cells const made(cells.begin(), cells.end());
+    for (void *& cell : cells)
+        EXPECT_EQ(made.count(cell = shared->allocate()), 1u);
     for (void * cell : cells)
         shared->deallocate(cell);
     MemoryManager::unregisterObject(NAME);

@@ -1,6 +1,5 @@
 #include "DataIO/SliceReader.h"
 
-#include "DataIO/BufferSliceSource.h"
 #include "Exceptions/IOError.h"
 #include "Exceptions/NotEnoughData.h"
 #include "support/Failure.h"
@@ -8,18 +7,11 @@
 
 namespace Vantry { namespace Tests {
 
-using DataIO::Chain;
 using DataIO::Slice;
 using DataIO::SliceReader;
 using DataIO::SliceSource;
 using Templates::auto_ptr;
 using Templates::SharedPtr;
-
-namespace {
-
-char const * const NOT_ENOUGH_DATA = "Not enough data to read from the source";
-
-}
 
 TEST(SliceReader, CopiesOnlyAcrossBlocks)
 {
@@ -43,24 +35,12 @@ TEST(SliceReader, CopiesOnlyAcrossBlocks)
     EXPECT_EQ(reader.read(0)->size(), 0u);
 }
 
-TEST(SliceReader, AlignsWhatItGives)
-{
-    CountingBlocks blocks;
-    SliceReader reader(pieceSource(blocks, {counting(10), counting(3, 10), counting(9, 13), counting(1, 22)}));
-
-    EXPECT_EQ(reader.nextSliceAligned(7, 4)->size(), 7u) << "as much as was asked for";
-    EXPECT_EQ(reader.nextSliceAligned(100, 4)->size(), 4u) << "3 bytes are joined with the next";
-    EXPECT_EQ(reader.nextSliceAligned(100, 2)->size(), 2u);
-    EXPECT_EQ(reader.nextSliceAligned(100, 4)->size(), 8u) << "the ninth byte goes back";
-    EXPECT_EQ(reader.nextSliceAligned(100, 4)->size(), 2u) << "the stream ends";
-}
-
 TEST(SliceReader, LeavesWhatIsTooShort)
 {
     CountingBlocks blocks;
     SliceReader reader(pieceSource(blocks, {counting(4), counting(2, 4)}));
 
-    EXPECT_FAILURE(NotEnoughData, NOT_ENOUGH_DATA, reader.readAligned(10));
+    EXPECT_FAILURE(NotEnoughData, "Not enough data to read from the source", reader.readAligned(10));
     EXPECT_EQ(reader.absoluteOffset(), 0u);
     EXPECT_EQ(bytesOf(*reader.read(6)), counting(6));
     EXPECT_FAILURE(NotEnoughData, "!this -> eof (): Not enough data to read from the source", reader.readAligned(1));
@@ -90,23 +70,6 @@ TEST(SliceReader, StandsWhereItWasWhenTheMediumFails)
     EXPECT_FAILURE(IOError, "bad sector", reader.read(10));
     EXPECT_EQ(reader.absoluteOffset(), 0u);
     EXPECT_EQ(bytesOf(*reader.read(8)), counting(8));
-}
-
-TEST(SliceReader, AsksNoSourceThatHasEnded)
-{
-    CountingBlocks blocks;
-    auto * const buffer = new DataIO::BufferSliceSource;
-    SliceReader reader{SharedPtr<SliceSource>(buffer)};
-    buffer->write(blocks.slice(counting(5)));
-    buffer->close();
-
-    EXPECT_EQ(bytesOf(*reader.read(9)), counting(5));
-    EXPECT_EQ(reader.read(9)->size(), 0u);
-    Chain chain;
-    reader.read(9, chain);
-    EXPECT_TRUE(chain.empty());
-    EXPECT_FAILURE(IOError, "!impl_ -> closed_: BufferSliceSource::read: Source closed and empty!",
-                   reader.nextSlice(9));
 }
 
 }}

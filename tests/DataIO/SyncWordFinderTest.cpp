@@ -169,18 +169,4 @@ TEST(SyncWordFinder, LetsGoOfWhatItPasses)
     EXPECT_LT(endless->most, 30);
 }
 
-TEST(SyncWordFinder, LooksThroughAWindow)
-{
-    CountingBlocks blocks;
-    SliceReader reader(pieceSource(blocks, {}));
-    SyncWordFinder finder(reader, START_CODE, START_CODE_MASK);
-
-    Bytes const window = hex("00 00 00 00 00 00 01 09");
-    unsigned char const * const begin = window.data();
-    EXPECT_EQ(finder.findWindow(begin, begin + 8), begin + 4);
-    EXPECT_EQ(finder.findWindow(begin + 4, begin + 8), begin + 4);
-    EXPECT_EQ(finder.findWindow(begin, begin + 7), begin + 7) << "the fourth byte must be there";
-    EXPECT_FALSE(finder.find(5));
-}
-
 }}

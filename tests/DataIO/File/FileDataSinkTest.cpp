@@ -64,10 +64,6 @@ TEST(FileDataSink, HandsItsBytesOverWhenTold)
     write(buffered, hex("03"));
     buffered.seek(0);
     EXPECT_EQ(file.content(), counting(4));
-
-    FileDataSink unbuffered(file.name(), false, 0);
-    write(unbuffered, counting(3));
-    EXPECT_EQ(file.content(), counting(3));
 }
 
 TEST(FileDataSink, TellsWhatTheSystemSays)

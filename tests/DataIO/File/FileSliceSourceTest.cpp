@@ -1,6 +1,5 @@
 #include "DataIO/File/FileSliceSource.h"
 
-#include "DataIO/Memory/MemoryBlockFactory.h"
 #include "support/Slices.h"
 #include "support/TemporaryFile.h"
 
@@ -15,16 +14,6 @@ using DataIO::File::FileSliceSource;
 namespace {
 
 UInt64 const SIZE = 2500000;
-
-// Gives blocks that are larger than wanted.
-class GenerousFactory : public DataIO::BlockFactory
-{
-public:
-    DataIO::BlockHolder create(UInt64 size) override
-    {
-        return DataIO::Memory::MemoryBlockFactory::instance().create(size + 100);
-    }
-};
 
 }
 
@@ -50,17 +39,4 @@ TEST(FileSliceSource, ReadsWithinItsLimits)
     EXPECT_TRUE(source.endOfStream());
     EXPECT_EQ(source.read(1)->size(), 0u);
     EXPECT_EQ(source.skip(std::numeric_limits<UInt64>::max()), 0u);
-}
-
-TEST(FileSliceSource, TakesBlocksFromItsFactory)
-{
-    TemporaryFile const file(counting(20));
-    FileSliceSource source(file.name(), Templates::SharedPtr<DataIO::BlockFactory>(new GenerousFactory), 4, 8);
-
-    auto const least = source.read(1);
-    EXPECT_EQ(bytesOf(*least), counting(4));
-    EXPECT_EQ(least->block()->size(), 104u);
-    EXPECT_EQ(bytesOf(*source.read(6)), counting(6, 4));
-    EXPECT_EQ(bytesOf(*source.read(9)), counting(8, 10));
-    EXPECT_EQ(bytesOf(*source.read(9)), counting(2, 18));
 }

@@ -23,9 +23,6 @@ UInt64 const TOO_MUCH = UInt64(1) << 32;
 TEST(MemoryDataSink, CollectsBytes)
 {
     MemoryDataSink sink(100);
-    sink.write(nullptr, 0);
-    EXPECT_EQ(sink.rawBuffer(), nullptr);
-
     Bytes const bytes = counting(200);
     sink.write(bytes.data(), 150);
     sink.write(bytes.data() + 150, 50);
@@ -51,8 +48,6 @@ TEST(MemoryDataSource, ReadsACopy)
     EXPECT_FALSE(source.endOfStream());
     source.discard();
     EXPECT_EQ(source.seek(MAXIMUM), 10u);
-
-    EXPECT_TRUE(MemoryDataSource(nullptr, 0).endOfStream());
 }
 
 TEST(MemoryData, RefusesWhatItsCountsCannotHold)
@@ -61,8 +56,6 @@ TEST(MemoryData, RefusesWhatItsCountsCannotHold)
     MemoryDataSink sink;
     sink.write(&byte, 1);
     EXPECT_FAILURE(IOError, "Type size exceeded", sink.write(&byte, TOO_MUCH));
-    EXPECT_FAILURE(IOError, "Type size exceeded", sink.write(&byte, TOO_MUCH - 1));
-    EXPECT_EQ(sink.serializedSize(), 1u);
     EXPECT_FAILURE(IOError, "Type size exceeded", MemoryDataSink(TOO_MUCH));
     EXPECT_FAILURE(IOError, "Type size exceeded", MemoryDataSource(&byte, TOO_MUCH));
 }
