@@ -1,39 +1,10 @@
-#include "Exceptions/AlreadySet.h"
 #include "Exceptions/BadAlloc.h"
-#include "Exceptions/BrokenLink.h"
 #include "Exceptions/IOError.h"
 #include "Exceptions/IndexOutOfBounds.h"
-#include "Exceptions/InvalidChange.h"
-#include "Exceptions/InvalidElement.h"
-#include "Exceptions/InvalidElementLength.h"
-#include "Exceptions/InvalidFormat.h"
-#include "Exceptions/InvalidID.h"
-#include "Exceptions/InvalidIndexSegment.h"
-#include "Exceptions/InvalidKey.h"
-#include "Exceptions/InvalidLabel.h"
 #include "Exceptions/InvalidLength.h"
-#include "Exceptions/InvalidLocalTag.h"
-#include "Exceptions/InvalidMetaAttribute.h"
-#include "Exceptions/InvalidMetaElement.h"
-#include "Exceptions/InvalidMetadataSet.h"
-#include "Exceptions/InvalidPartitionKind.h"
-#include "Exceptions/InvalidPartitionStatus.h"
-#include "Exceptions/InvalidPosition.h"
 #include "Exceptions/InvalidState.h"
-#include "Exceptions/InvalidStructure.h"
-#include "Exceptions/InvalidType.h"
 #include "Exceptions/InvalidValue.h"
-#include "Exceptions/KeyNotFound.h"
-#include "Exceptions/LocalTagNotFound.h"
-#include "Exceptions/MetadataSetReferenceNotAllowed.h"
-#include "Exceptions/NoFactory.h"
-#include "Exceptions/NotEnoughData.h"
 #include "Exceptions/NotFound.h"
-#include "Exceptions/NotFoundInPrimer.h"
-#include "Exceptions/NotImplemented.h"
-#include "Exceptions/OSError.h"
-#include "Exceptions/OperationNotAllowed.h"
-#include "Exceptions/UniversalLabelCollision.h"
 
 #include "Exceptions/Check.h"
 #include "Platform/Allocation.h"
@@ -90,40 +61,11 @@ TEST(Exceptions, HaveTheirNamesAndCodes)
 {
 #define EXPECT_CLASS(Class, code) expectClass<Exceptions::Class>(code, #Class)
     EXPECT_CLASS(BadAlloc, 2);
-    EXPECT_CLASS(BrokenLink, 3);
     EXPECT_CLASS(IndexOutOfBounds, 4);
-    EXPECT_CLASS(InvalidChange, 5);
-    EXPECT_CLASS(InvalidElement, 6);
-    EXPECT_CLASS(InvalidElementLength, 7);
-    EXPECT_CLASS(InvalidFormat, 8);
-    EXPECT_CLASS(InvalidID, 9);
-    EXPECT_CLASS(InvalidIndexSegment, 10);
-    EXPECT_CLASS(InvalidPosition, 12);
-    EXPECT_CLASS(InvalidLocalTag, 13);
-    EXPECT_CLASS(InvalidKey, 14);
-    EXPECT_CLASS(InvalidMetaAttribute, 15);
     EXPECT_CLASS(InvalidValue, 16);
-    EXPECT_CLASS(AlreadySet, 17);
-    EXPECT_CLASS(InvalidMetadataSet, 18);
-    EXPECT_CLASS(InvalidMetaElement, 19);
-    EXPECT_CLASS(InvalidPartitionKind, 21);
-    EXPECT_CLASS(InvalidPartitionStatus, 22);
-    EXPECT_CLASS(InvalidStructure, 23);
-    EXPECT_CLASS(KeyNotFound, 24);
     EXPECT_CLASS(IOError, 26);
-    EXPECT_CLASS(LocalTagNotFound, 27);
-    EXPECT_CLASS(MetadataSetReferenceNotAllowed, 28);
-    EXPECT_CLASS(NoFactory, 29);
-    EXPECT_CLASS(NotEnoughData, 30);
     EXPECT_CLASS(NotFound, 31);
-    EXPECT_CLASS(NotFoundInPrimer, 32);
-    EXPECT_CLASS(UniversalLabelCollision, 34);
-    EXPECT_CLASS(InvalidLabel, 35);
-    EXPECT_CLASS(NotImplemented, 37);
     EXPECT_CLASS(InvalidLength, 39);
-    EXPECT_CLASS(InvalidType, 40);
-    EXPECT_CLASS(OSError, 41);
-    EXPECT_CLASS(OperationNotAllowed, 42);
     EXPECT_CLASS(InvalidState, 43);
 }
 
@@ -139,19 +81,8 @@ TEST(Exceptions, TellWhereTheyCameFrom)
     EXPECT_EQ(text(failure.filename()), "src/größe.cpp");
     EXPECT_EQ(failure.lineNumber(), -8);
     EXPECT_EQ(failure.what(), what) << "composed once";
-
-    Exceptions::IOError fresh(wide(u"wide größe"), "src/B.cpp", 1);
-    fresh.filename("src/größe.cpp");
-    fresh.lineNumber(-8);
-    EXPECT_EQ(text(fresh.what()), "Exception 'Vantry::Exceptions::IOError' (src/größe.cpp:-8): wide größe");
-
-    Exceptions::IOError copy(fresh);
-    fresh = failure;
-    failure.lineNumber(9);
-    EXPECT_EQ(text(fresh.what()), "Exception 'Vantry::Exceptions::IOError' (src/A.cpp:7): ")
-        << "composed text goes along";
-    EXPECT_EQ(fresh.lineNumber(), -8);
-    EXPECT_EQ(text(copy.message()), "wide größe");
+    EXPECT_EQ(text(Exceptions::IOError(wide(u"größe"), "src/größe.cpp", -8).what()),
+              "Exception 'Vantry::Exceptions::IOError' (src/größe.cpp:-8): größe");
 }
 
 TEST(Exceptions, InvalidLengthKeepsTheBytesRead)
@@ -170,9 +101,6 @@ TEST(Exceptions, InvalidLengthKeepsTheBytesRead)
     bytes = "gone";
     ASSERT_EQ(copy.readDataLength(), 4u);
     EXPECT_EQ(copy.readData()[0], 'r');
-    EXPECT_EQ(Exceptions::InvalidLength(copy).readData()[3], 'd');
-    copy = without;
-    EXPECT_EQ(copy.readData(), nullptr);
 }
 
 TEST(Checks, JoinConditionAndText)
@@ -209,14 +137,6 @@ TEST(Allocation, FailsWithBadAlloc)
 
     EXPECT_FAILURE(BadAlloc, "Out of memory", Object::operator new(SIZE_MAX / 2));
     EXPECT_FAILURE(BadAlloc, "Out of memory", Templates::vector<Object>().reserve(PTRDIFF_MAX / sizeof(Object)));
-
-    void * const nothing = Object::operator new[](0);
-    EXPECT_NE(nothing, nullptr);
-    Object::operator delete[](nothing, sizeof(Object));
-    Object::operator delete(nullptr, sizeof(Object));
-
-    alignas(Object) unsigned char place[sizeof(Object)];
-    EXPECT_EQ(static_cast<void *>(new (place) Object), place);
 
     void * memory = Platform::malloc_alloc::allocate(16);
     *static_cast<char *>(memory) = 'k';

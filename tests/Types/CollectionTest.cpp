@@ -31,14 +31,6 @@ Templates::auto_ptr<Types::SimpleDataType> number(unsigned short value)
     return made<Types::UInt16>(value);
 }
 
-Types::Array arrayOf(std::initializer_list<unsigned short> values)
-{
-    Types::Array array(2);
-    for (unsigned short value : values)
-        array.append(number(value));
-    return array;
-}
-
 }
 
 TEST(Collection, ReadsWhatItWrites)
@@ -50,8 +42,6 @@ TEST(Collection, ReadsWhatItWrites)
         unsigned size;
     } const CASES[] = {
         {"no elements", hex("00000000 00000010"), 0},
-        {"no elements of no size", hex("00000000 00000000"), 0},
-        {"one label", hex("00000001 00000010") + counting(16), 1},
         {"three labels", hex("00000003 00000010") + counting(48), 3},
     };
     for (auto const & c : CASES)
@@ -91,17 +81,9 @@ TEST(Collection, CarriesAllBytesOfADamagedOne)
         {"Invalid data size in collection. Not enough data to read element entry size", hex("00000001 0000"), 6},
         {"Incoherent size in collection. Element size is zero and element count is not zero",
          hex("00000002 00000000 AABBCC"), 11},
-        {"Invalid data size in collection. Not enough data to read 2 elements of size 16",
-         hex("00000002 00000010") + counting(31), 39},
-        {"Invalid data size in collection. Not enough data to read 4294967295 elements of size 4294967295",
-         hex("FFFFFFFF FFFFFFFF") + counting(5), 13},
         {"Invalid data size in collection. Not enough data to read 4294967295 elements of size 4294967295",
          hex("FFFFFFFF FFFFFFFF") + counting(5), UInt64(1) << 62},
         {"Invalid data size in Value", hex("00000002 00000010") + counting(31), 40},
-        {"Invalid data size in Value", hex("FFFFFFFF 00000010") + counting(33), UInt64(1) << 62},
-        {"Invalid data size in Value", hex("00000003 00000010") + counting(32), 56},
-        {"Invalid data size in Value", hex("00000001 FFFFFFFF") + counting(16), UInt64(1) << 62}, // an entry cut off
-        {"Invalid data size in Value", hex("00000002 00000004") + counting(4), 16}, // entries too small for the type
     };
     for (auto const & c : CASES)
         forEachReadSize(c.bytes,
@@ -115,19 +97,8 @@ TEST(Collection, CarriesAllBytesOfADamagedOne)
                    valueOf<Types::Array>(hex("00000001 00000001 AA"), Identifiers::Key));
 }
 
-TEST(Collection, WrapsItsSizeOnly)
-{
-    Bytes const wire = hex("00010000 00000001") + counting(65536);
-    auto const array = valueOf<Types::Array>(wire, Identifiers::UInt8);
-    EXPECT_EQ(array.serializedSize(), 8);
-    EXPECT_EQ(serialized(array), wire);
-}
-
 TEST(Collection, HoldsElementsOfOneSize)
 {
-    Types::Batch labels(16);
-    EXPECT_FAILURE(InvalidElement, "Appending an invalid element", labels.append(made<Types::UInt8>(1)));
-
     Types::Batch open(0);
     open.append(number(1));
     EXPECT_FAILURE(InvalidElement, "Appending an invalid element", open.append(made<Types::UInt8>(1)));
@@ -150,26 +121,6 @@ TEST(Collection, InsertsAndRemoves)
     EXPECT_FAILURE(IndexOutOfBounds, "Exceptions::IndexOutOfBounds", array.at(2));
     dynamic_cast<Types::UInt16 &>(array.at(1)) = Types::UInt16(9);
     EXPECT_EQ(serialized(array), hex("00000002 00000002 0001 0009"));
-}
-
-TEST(Collection, TakesCopiesOfAnothersElements)
-{
-    Types::Array const one = arrayOf({1});
-    Types::Array two = arrayOf({2, 3});
-    Types::Array const copy(two);
-    EXPECT_EQ(serialized(one = two), serialized(copy)) << "an array is a handle, which const doesn't keep from it";
-    two.remove(0);
-    EXPECT_EQ(serialized(one), serialized(copy));
-
-    Types::Array const & itself = two;
-    two = itself;
-    EXPECT_EQ(serialized(two), hex("00000001 00000002 0003"));
-    EXPECT_FAILURE(InvalidElement, "Appending an invalid element", Types::Array(16) = two);
-    Types::Array open(0);
-    open = two;
-    EXPECT_EQ(serialized(open), serialized(two));
-    open = Types::Array(16);
-    EXPECT_EQ(serialized(open), hex("00000000 00000002")) << "the size stays";
 }
 
 }}

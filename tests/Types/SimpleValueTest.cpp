@@ -24,7 +24,6 @@
 #include "Types/UTF16.h"
 #include "Types/VersionType.h"
 #include "Types/Visitors/GetIdentifierVisitor.h"
-#include "Version.h"
 #include "support/BytesSink.h"
 #include "support/Failure.h"
 #include "support/Values.h"
@@ -126,21 +125,10 @@ TEST(SimpleValue, IsItsWireForm)
     }
 }
 
-TEST(SimpleValue, CarriesTheBytesThatAreTooFew)
-{
-    EXPECT_EQ(lengthFailureOf([] { valueOf<Types::UInt32>(hex("01 02 03")); }),
-              (LengthFailure{"Invalid data size in Value", hex("01 02 03")}));
-}
-
 TEST(SimpleValue, ComparesAsANumber)
 {
-    EXPECT_TRUE(Types::Int16(-1) < Types::Int16(1));
-    EXPECT_FALSE(Types::UInt16(0xFFFF) < Types::UInt16(1));
     EXPECT_TRUE(Types::Int64(std::numeric_limits<Int64>::min()) < Types::Int64(0));
     EXPECT_TRUE(Types::Length(-1) < Types::Length(0));
-    EXPECT_TRUE(Types::Length(5) != Types::Length(6));
-    EXPECT_EQ(valueOf<Types::Int32>(hex("80 00 00 00")).value(), std::numeric_limits<Int32>::min());
-    EXPECT_TRUE(Types::VersionType(1, 9) < Types::VersionType(2, 0));
 }
 
 TEST(Boolean, KeepsTheByteThatMeansTrue)
@@ -148,21 +136,6 @@ TEST(Boolean, KeepsTheByteThatMeansTrue)
     Types::Boolean const read = valueOf<Types::Boolean>(hex("FF"));
     EXPECT_TRUE(read.value());
     EXPECT_EQ(serialized(read), hex("FF"));
-    EXPECT_TRUE(read == Types::Boolean(true));
-    EXPECT_EQ(serialized(Types::Boolean(false)), hex("00"));
-}
-
-TEST(Timestamp, TellsItsFields)
-{
-    EXPECT_EQ(NOON.year(), 2026);
-    EXPECT_EQ(NOON.month(), 12);
-    EXPECT_EQ(NOON.day(), 31);
-    EXPECT_EQ(NOON.hour(), 12);
-    EXPECT_EQ(NOON.minute(), 5);
-    EXPECT_EQ(NOON.second(), 59);
-    EXPECT_EQ(NOON.mSec4(), 249);
-    EXPECT_EQ(NOON.milliSecond(), 996);
-    EXPECT_TRUE(Types::Timestamp(2026, 12, 31, 12, 5, 59, static_cast<unsigned char>(248)) < NOON);
 }
 
 TEST(Timestamp, RefusesFieldsOutOfRange)
@@ -186,6 +159,7 @@ TEST(Timestamp, RefusesFieldsOutOfRange)
 
     EXPECT_FAILURE(InvalidValue, "mSec4 < 250: Invalid Time: Millisecond must be smaller than 250",
                    Types::Timestamp(2026, 1, 1, 0, 0, 0, static_cast<unsigned char>(250)));
+    EXPECT_EQ(NOON.milliSecond(), 996) << "in steps of four";
     EXPECT_NO_THROW(Types::Timestamp(0, 0, 0, 0, 0, 0, static_cast<unsigned short>(0))) << "the unknown time";
     EXPECT_NO_THROW(valueOf<Types::Timestamp>(repeated(8, 0xFF))) << "what a file holds is taken as it is";
 }
@@ -197,11 +171,7 @@ TEST(Rational, IsReducedOnlyWhenAsked)
     {
         int numerator, denominator, normalNumerator, normalDenominator;
     } const CASES[] = {
-        {50, 2, 25, 1},         {1, -2, -1, 2},
-        {-4, -6, 2, 3},         {0, 5, 0, 5},
-        {7, 0, 7, 0},           {LOWEST, 2, LOWEST / 2, 1},
-        {LOWEST, LOWEST, 1, 1}, {LOWEST, -1, LOWEST, -1}, // 2^31 has no room
-        {3, LOWEST, 3, LOWEST},
+        {50, 2, 25, 1}, {-4, -6, 2, 3}, {0, 5, 0, 5}, {7, 0, 7, 0}, {LOWEST, -1, LOWEST, -1}, // 2^31 has no room
     };
     for (auto const & c : CASES)
     {
@@ -215,22 +185,6 @@ TEST(Rational, IsReducedOnlyWhenAsked)
     }
 }
 
-TEST(Rational, ComparesByValue)
-{
-    int const LOWEST = std::numeric_limits<int>::min();
-    int const HIGHEST = std::numeric_limits<int>::max();
-    // Ascending.
-    Types::Rational const ROW[] = {{LOWEST, 1},  {1, -2},       {-1, 3}, {1, LOWEST},  {0, 1},
-                                   {1, HIGHEST}, {24000, 1001}, {25, 1}, {HIGHEST, 2}, {LOWEST, -1}};
-    for (Types::Rational const & left : ROW)
-        for (Types::Rational const & right : ROW)
-        {
-            EXPECT_EQ(left < right, &left < &right) << left.toDouble() << " and " << right.toDouble();
-            EXPECT_EQ(left == right, &left == &right) << left.toDouble() << " and " << right.toDouble();
-        }
-    EXPECT_TRUE(Types::Rational(5, 0) == Types::Rational(0, 7)) << "undefined is nought";
-}
-
 TEST(Rational, Computes)
 {
     Types::Rational const half(1, 2);
@@ -239,10 +193,8 @@ TEST(Rational, Computes)
     EXPECT_EQ(serialized(half - third), serialized(Types::Rational(1, 6)));
     EXPECT_EQ(serialized(half * third), serialized(Types::Rational(1, 6)));
     EXPECT_EQ(serialized(half / third), serialized(Types::Rational(3, 2)));
-    EXPECT_EQ(half.toDouble(), 0.5);
-    EXPECT_EQ(Types::Rational(3, 0).toDouble(), 3.0);
-    EXPECT_TRUE(Types::Rational(3, 0).value() == Templates::Rational<int>(0, 1));
-    EXPECT_TRUE(third.value() == Templates::Rational<int>(1, 3));
+    EXPECT_TRUE(third < half && Types::Rational(-1, 2) < third);
+    EXPECT_TRUE(Types::Rational(5, 0) == Types::Rational(0, 7)) << "undefined is nought";
 
     Types::Rational undefined(0, 0);
     Types::Rational one(1, 1);
@@ -261,18 +213,6 @@ TEST(RGBALayout, HasEightComponents)
     EXPECT_FAILURE(InvalidValue, "Cannot set in this index", layout.set(8, {'B', 8}));
 }
 
-TEST(ProductVersion, TellsItsFields)
-{
-    Types::ProductVersion const version = valueOf<Types::ProductVersion>(hex("00 01 01 00 00 03 00 04 12 34"));
-    EXPECT_EQ(version.major(), 1);
-    EXPECT_EQ(version.minor(), 256);
-    EXPECT_EQ(version.patch(), 3);
-    EXPECT_EQ(version.build(), 4);
-    EXPECT_EQ(version.releaseVersion(), 0x1234) << "a kind that nobody knows";
-    EXPECT_TRUE(version < Types::ProductVersion(1, 256, 4, 0, Types::ProductVersion::RELEASE_UNKNOWN));
-    EXPECT_EQ(Version::releaseVersion(), 3);
-}
-
 TEST(TypeIdentifiers, HaveNamesAndSizes)
 {
     for (int i = 0; i <= Identifiers::J2KQuantisationDefault; ++i)
@@ -281,18 +221,9 @@ TEST(TypeIdentifiers, HaveNamesAndSizes)
         EXPECT_EQ(Identifiers::stringToIdentifier(Identifiers::identifierToString(identifier)), identifier);
     }
 
-    auto const identifierOf = [](char const * name)
-    {
-        return Identifiers::stringToIdentifier(Platform::stringToWstring(name).c_str());
-    };
-    EXPECT_EQ(identifierOf("TimestampType"), 16);
-    EXPECT_EQ(identifierOf("UL"), 23);
-    EXPECT_EQ(identifierOf("J2KPictureComponent"), 37);
-    EXPECT_EQ(identifierOf("J2KPictureComponentType"), 37);
-    EXPECT_EQ(identifierOf(""), 24);
-    EXPECT_EQ(identifierOf("NoSuchType"), 24);
-    EXPECT_EQ(identifierOf("UInt"), 24) << "the beginning of a name";
-    EXPECT_EQ(identifierOf("UInt640"), 24);
+    for (auto const & [name, identifier] :
+         {std::pair("UL", 23), {"J2KPictureComponent", 37}, {"J2KPictureComponentType", 37}, {"UInt640", 24}})
+        EXPECT_EQ(Identifiers::stringToIdentifier(Platform::stringToWstring(name).c_str()), identifier) << name;
 
     EXPECT_EQ(Identifiers::typeSize(Identifiers::Key), 16);
     EXPECT_FAILURE(InvalidType, "Type has a variable size.", Identifiers::typeSize(Identifiers::Array));
