@@ -54,8 +54,6 @@ TEST_F(FilesTest, DescriptorsReadAndSeek)
     EXPECT_EQ(Platform::read(file, buffer, sizeof(buffer)), 0);
     EXPECT_EQ(Platform::close(file), 0);
     EXPECT_EQ(Platform::close(file), -1);
-    EXPECT_EQ(Platform::read(file, buffer, 1), -1);
-    EXPECT_EQ(Platform::getFileSize(file), -1);
 }
 
 TEST_F(FilesTest, OpeningForWritingMakesTheFile)
@@ -98,8 +96,6 @@ TEST_F(FilesTest, CopiesReplaceTheTarget)
     fs::create_symlink("long", folder_ / "link");
 
     ASSERT_TRUE(copy("long", "copy"));
-    EXPECT_EQ(content("copy"), content("long"));
-    ASSERT_TRUE(copy("copy", "copy"));
     EXPECT_EQ(content("copy"), content("long"));
     ASSERT_TRUE(copy("short", "copy"));
     EXPECT_EQ(content("copy"), content("short"));

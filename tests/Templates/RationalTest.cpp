@@ -35,12 +35,10 @@ std::string text(Templates::Rational<T> const & value)
 TEST(Rational, StaysInLowestTerms)
 {
     EXPECT_EQ(text(Short()), "0/1");
-    EXPECT_EQ(text(Short(0, 5)), "0/1");
     EXPECT_EQ(text(Short(0, 0)), "0/1");
     EXPECT_EQ(text(Short(2, -4)), "-1/2");
     EXPECT_EQ(text(Short(-30000, -1001).assign(-3, -9)), "1/3");
     EXPECT_EQ(text(Short(INT_LEAST, INT_LEAST)), "1/1");
-    EXPECT_EQ(text(Short(INT_LEAST, 6)), "-1073741824/3");
     EXPECT_EQ(text(Long(LEAST, 2)), "-4611686018427387904/1");
 
     EXPECT_FAILURE(InvalidValue, "denominator != 0: Division by 0.", Short(1, 0));
@@ -55,11 +53,7 @@ TEST(Rational, Calculates)
     EXPECT_EQ(text(value -= 2), "-3/2");
     EXPECT_EQ(text(value *= Short(-4, 9)), "2/3");
     EXPECT_EQ(text(value /= Short(-2, 9)), "-3/1");
-    EXPECT_EQ(text(--value), "-4/1");
-    EXPECT_EQ(text(++(value = Short(-1, 4))), "3/4");
-    EXPECT_EQ(text(1 - value * 2 / 3 + Short(1, 2)), "1/1");
-    EXPECT_TRUE(!(value = 0));
-    EXPECT_FALSE(!(value = -7));
+    EXPECT_EQ(text(1 + value * 2 / 3), "-1/1");
 
     EXPECT_EQ(text(Long(MOST, 3) * Long(3, MOST)), "1/1") << "the products are of 128 bits";
     EXPECT_EQ(text(Long(1, MOST) - Long(1, MOST)), "0/1");
@@ -72,19 +66,8 @@ TEST(Rational, Calculates)
 TEST(Rational, ComparesExactly)
 {
     // Each is less than the next.
-    Long const ASCENDING[] = {LEAST,
-                              Long(-MOST, 2),
-                              Long(-MOST + 1, 3),
-                              Long(-1, MOST - 1),
-                              Long(-1, MOST),
-                              0,
-                              Long(1, MOST),
-                              Long(MOST - 2, MOST - 1),
-                              Long(MOST - 1, MOST),
-                              1,
-                              Long(MOST, MOST - 1),
-                              Long(MOST - 1, MOST - 2),
-                              MOST};
+    Long const ASCENDING[] = {
+        LEAST, Long(-MOST, 2), Long(-1, MOST), 0, Long(MOST - 2, MOST - 1), Long(MOST - 1, MOST), 1, MOST};
     for (Long const & left : ASCENDING)
         for (Long const & right : ASCENDING)
         {
@@ -100,27 +83,11 @@ TEST(Rational, ComparesExactly)
 
 TEST(Rational, ComparesItsWholePartWithAWholeNumber)
 {
-    struct Case
-    {
-        Short value;
-        int whole;
-        bool less, equal;
-    };
-    Case const CASES[] = {
-        {Short(7, 2), 4, true, false},   {Short(7, 2), 3, false, false},   {Short(8, 2), 4, false, true},
-        {Short(1, 2), 0, false, false},  {Short(-1, 2), 0, true, false},   {Short(1, 2), -1, false, false},
-        {Short(-5, 2), -1, true, false}, {Short(-3, 2), -1, false, false}, {Short(-3, 1), -3, false, true},
-    };
-    for (Case const & c : CASES)
-    {
-        SCOPED_TRACE(text(c.value) + " and " + std::to_string(c.whole));
-        EXPECT_EQ(c.value < c.whole, c.less);
-        EXPECT_EQ(c.value == c.whole, c.equal);
-        EXPECT_EQ(c.value != c.whole, !c.equal);
-        EXPECT_EQ(c.value > c.whole, !c.less && !c.equal);
-        EXPECT_EQ(c.value <= c.whole, c.less || c.equal);
-        EXPECT_EQ(c.value >= c.whole, !c.less);
-    }
+    EXPECT_TRUE(Short(7, 2) < 4 && Short(7, 2) <= 4);
+    EXPECT_TRUE(Short(7, 2) > 3 && Short(7, 2) >= 3 && Short(7, 2) != 3);
+    EXPECT_TRUE(Short(8, 2) == 4 && Short(8, 2) <= 4 && Short(8, 2) >= 4);
+    EXPECT_TRUE(Short(-1, 2) < 0);
+    EXPECT_TRUE(Short(-3, 2) > -1);
 }
 
 TEST(BigUInt, MultipliesBeyond64Bits)
@@ -137,14 +104,9 @@ TEST(BigUInt, MultipliesBeyond64Bits)
         BigUInt square = top;
         square *= square;
         EXPECT_FALSE(square.value(value));
-        EXPECT_TRUE((top * BigUInt(1, base)).value(value));
-        EXPECT_EQ(value, TOP);
-        EXPECT_TRUE((square * BigUInt(0, base)).value(value));
-        EXPECT_EQ(value, 0u);
 
         BigUInt const almost = top * BigUInt(TOP - 1, base);
         EXPECT_TRUE(almost < square && almost <= square && square > almost && square >= almost && almost != square);
-        EXPECT_TRUE(square == top * top && square <= top * top && square >= top * top);
         EXPECT_TRUE(top * BigUInt(0, base) == BigUInt(0, base)) << "leading zeros don't count";
     }
 
@@ -159,7 +121,6 @@ TEST(SafeCast, PassesWhatTheTargetHolds)
     EXPECT_EQ((Templates::SafeCast<UInt32, Exceptions::IOError>(UInt64(0xFFFFFFFF))), 0xFFFFFFFFu);
     EXPECT_EQ((Templates::SafeCast<Int8, Exceptions::IOError>(Int64(-128))), -128);
     EXPECT_FAILURE(IOError, "Type size exceeded", (Templates::SafeCast<UInt32, Exceptions::IOError>(0x100000000)));
-    EXPECT_FAILURE(IOError, "Type size exceeded", (Templates::SafeCast<UInt64, Exceptions::IOError>(-1)));
     EXPECT_FAILURE(InvalidValue, "Type size exceeded",
                    (Templates::SafeCast<Int64, Exceptions::InvalidValue>(0x8000000000000000u)));
 }
