@@ -20,11 +20,8 @@ struct Length
 };
 
 Length const LENGTHS[] = {
-    {0, 1, hex("00")},
     {127, 1, hex("7F")},
     {128, 2, hex("81 80")},
-    {255, 2, hex("81 FF")},
-    {256, 3, hex("82 01 00")},
     {65536, 4, hex("83 01 00 00")},
     {0x7FFFFFFFFFFFFFFF, 9, hex("88 7F FF FF FF FF FF FF FF")},
 };
@@ -59,11 +56,6 @@ TEST(BER, CodesAndDecodesLengths)
         expectField(length);
 }
 
-TEST(BER, TakesTheTopBitForASign)
-{
-    EXPECT_EQ(ByteCoders::calculateBERSize(UInt64(1) << 63), 1);
-}
-
 TEST(BER, LeavesTheLowBitsOfWhatDoesNotFit)
 {
     unsigned char field[1];
@@ -92,13 +84,11 @@ TEST(BCD, HoldsEightDigitsLeastSignificantFirst)
     ByteCoders::encodeBCD(bytes.data(), 123456789);
     EXPECT_EQ(bytes, hex("89 67 45 23"));
 
-    int const VALUES[] = {0, 9, 89, 789, 6789, 56789, 456789, 3456789, 23456789};
-    for (unsigned short digits = 0; digits < 9; ++digits)
-    {
-        int value = -1;
-        ByteCoders::decodeBCD(bytes.data(), digits, value);
-        EXPECT_EQ(value, VALUES[digits]);
-    }
+    int digits = -1;
+    ByteCoders::decodeBCD(bytes.data(), 3, digits);
+    EXPECT_EQ(digits, 789);
+    ByteCoders::decodeBCD(bytes.data(), 8, digits);
+    EXPECT_EQ(digits, 23456789);
 
     int value = -1;
     ByteCoders::decodeBCD(hex("1F").data(), 2, value);
