@@ -3,15 +3,13 @@
 #include <Quorvan/Framework/Management/IRegisteredObject.h>
 #include <Quorvan/Framework/Management/MemoryManager.h>
 
+#include "support/Threads.h"
+
 #include <gtest/gtest.h>
 
 #include <set>
 #include <stdexcept>
-#include <thread>
 #include <vector>
-
-#include <sys/wait.h>
-#include <unistd.h>
 
 using Quorvan::Framework::Framework;
 using Quorvan::Framework::Counting::Counter;
@@ -42,17 +40,6 @@ IRegisteredObject * refuse()
     throw std::runtime_error("refused");
 }
 
-// Runs `work` on several threads at once.
-template <class Work>
-void inParallel(Work const & work)
-{
-    std::vector<std::thread> threads;
-    for (unsigned int t = 0; t < 4; ++t)
-        threads.emplace_back(work, t);
-    for (std::thread & thread : threads)
-        thread.join();
-}
-
 }
 
 TEST(MemoryManager, SharesAnObjectUntilTheLastHolderGoes)
@@ -79,9 +66,9 @@ TEST(MemoryManager, SharesAnObjectUntilTheLastHolderGoes)
 TEST(MemoryManager, RegistersOnceForManyThreads)
 {
     std::vector<IRegisteredObject *> seen(4);
-    inParallel([&](unsigned int t) { seen[t] = MemoryManager::registerObject("shared", create); });
+    Vantry::Tests::onThreads(4, [&](unsigned int t) { seen[t] = MemoryManager::registerObject("shared", create); });
     EXPECT_EQ(std::set<IRegisteredObject *>(seen.begin(), seen.end()).size(), 1u);
-    inParallel([](unsigned int) { MemoryManager::unregisterObject("shared"); });
+    Vantry::Tests::onThreads(4, [](unsigned int) { MemoryManager::unregisterObject("shared"); });
     EXPECT_EQ(Object::alive, 0);
 }
 
@@ -89,12 +76,12 @@ TEST(Counter, CountsByName)
 {
     Counter & counter = Counter::counter("this");
     counter.reset();
-    inParallel(
-        [](unsigned int)
-        {
-            for (int i = 0; i < 1000; ++i)
-                Counter::counter("this").next();
-        });
+    Vantry::Tests::onThreads(4,
+                             [](unsigned int)
+                             {
+                                 for (int i = 0; i < 1000; ++i)
+                                     Counter::counter("this").next();
+                             });
     EXPECT_EQ(counter.next(), 4000);
     EXPECT_EQ(Counter::counter("that").next(), 0);
     EXPECT_EQ(counter.next(), 4001);
@@ -114,34 +101,4 @@ TEST(Framework, RandomNumbersUseAll16Bits)
     }
     EXPECT_EQ(ones, 0xFFFFu);
     EXPECT_EQ(zeros & 0xFFFF, 0xFFFFu);
-}
-
-TEST(Framework, AChildDrawsItsOwnRandomNumbers)
-{
-    using Numbers = std::vector<unsigned short>;
-    auto const draw = []
-    {
-        Numbers numbers(8);
-        for (unsigned short & number : numbers)
-            number = Framework::randomNumber();
-        return numbers;
-    };
-
-    draw();
-    int ends[2] = {};
-    ASSERT_EQ(::pipe(ends), 0);
-    pid_t const child = ::fork();
-    if (child == 0)
-    {
-        Numbers const numbers = draw();
-        ssize_t const written = ::write(ends[1], numbers.data(), sizeof(numbers[0]) * numbers.size());
-        ::_exit(written > 0 ? 0 : 1);
-    }
-    Numbers childs(8);
-    Numbers const own = draw();
-    EXPECT_EQ(::read(ends[0], childs.data(), sizeof(childs[0]) * childs.size()), 16);
-    EXPECT_NE(childs, own);
-    ::waitpid(child, nullptr, 0);
-    ::close(ends[0]);
-    ::close(ends[1]);
 }

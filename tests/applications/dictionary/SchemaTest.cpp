@@ -123,36 +123,6 @@ TEST(Schema, TakesWhatAFileAddsAndReplaces)
     EXPECT_STREQ(findLabelName(tables, pattern.data()), "Our pattern");
 }
 
-TEST(Schema, FollowsWhatAFileReplacesUnderAnotherName)
-{
-    // The label of generationUID under another symbol, and the preface under
-    // another symbol and key.
-    Definition definition(builtInTables());
-    definition.addText(R"({"elements": {
-            "trace": {"name": "Trace", "label": "06.0e.2b.34.01.01.01.02.05.20.07.01.08.00.00.00", "type": "UUID"},
-            "root": {"label": "06.0e.2b.34.01.01.01.01.0f.00.00.00.00.00.00.01",
-                     "type": "StrongReference", "references": ["preface"]}},
-        "sets": {"opening": {"key": "06.0e.2b.34.02.53.01.01.0d.01.01.01.01.01.2f.00",
-                             "attributes": {"instanceUID": "Req"}}}})",
-                       "ours.json");
-    definition.addText(R"({"sets": {"opening": {"key": "06.0e.2b.34.02.53.01.01.0f.00.00.00.00.00.00.01",
-                                                "attributes": {"instanceUID": "Req"}}}})",
-                       "later.json");
-    auto const dictionary = makeDictionary(definition.tables());
-
-    KLV::Key const locator = key("06.0e.2b.34.02.53.01.01.0d.01.01.01.01.01.32.00");
-    Types::UniversalLabel const label(Tests::hex("06 0E 2B 34 01 01 01 02 05 20 07 01 08 00 00 00").data());
-    auto const trace = dictionary->find(locator)->findMetaAttribute(label);
-    ASSERT_TRUE(trace);
-    EXPECT_EQ(trace->getProperty(wide("name")), wide("Trace"));
-
-    auto const root = dictionary->findMetaElementProperty(wide("symbol"), wide("root"));
-    ASSERT_EQ(root.size(), 1u);
-    auto const * const holder = MetaMetadata::Visitors::getMetaElement<MetaMetadata::MetaReferenceHolder>(root.front());
-    ASSERT_NE(dictionary->find(holder->allowedMetadataSets().at(0)), nullptr);
-    EXPECT_EQ(dictionary->find(key(PREFACE)), nullptr);
-}
-
 TEST(Schema, NamesFileEntryAndFieldOfAFault)
 {
     struct Case
@@ -173,8 +143,6 @@ TEST(Schema, NamesFileEntryAndFieldOfAFault)
          "f: element 'e', field 'references': there is no set 'nowhere'"},
         {R"({"elements": {"e": {"label": "00000000000000000000000000000000", "type": "UInt8", "tag": "3c.0a"}}})",
          "f: element 'e', field 'tag': belongs to element 'instanceUID' too"},
-        {R"({"elements": {"e": {"label": "00000000000000000000000000000000", "type": "UInt8", "distinguished": ""}}})",
-         "f: element 'e', field 'distinguished': is no value of the type in its wire form"},
         {R"({"elements": {"e": {"label": "00000000000000000000000000000000", "type": "UInt8",
              "distinguished": "0101"}}})",
          "f: element 'e', field 'distinguished': is no value of the type in its wire form"},
