@@ -77,7 +77,7 @@ public:
 private:
     static StructuralMetadata::Dictionary const & dictionary()
     {
-        static auto const lenient = lenientDictionary(attributeLabel("01 7F 00 00 00 00 00 00 00"));
+        static auto const lenient = lenientDictionary();
         return lenient;
     }
 
