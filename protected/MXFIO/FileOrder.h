@@ -10,15 +10,18 @@ namespace Vantry { namespace MXFIO {
 class ContentStorageReader;
 struct ElementEditUnit;
 
-/// Reads the tracks of a package as their one container has them stored.
+/// Reads the tracks of a package as a container has them stored.
 class FileOrder
 {
 public:
     /// Both are lent.
     FileOrder(ContentStorageReader & container, Templates::vector<PackageTrack> & tracks);
 
-    /// Goes to the start of the edit unit that the track needs which is
-    /// furthest behind. False when the container hasn't got it.
+    /// Goes to the start of the edit unit that the track of this container
+    /// needs which is furthest behind. Without an index all that lies ahead is
+    /// passed.
+    ///
+    /// \return false when the container hasn't got it
     bool goToEarliest();
 
     /// Reads the next packet that a track shows, and has the track move on.
@@ -28,6 +31,7 @@ public:
     bool next(UInt64 searchLimit, ElementEditUnit & unit);
 
 private:
+    bool walkTo(Int64 editUnit);
     bool take(Templates::auto_ptr<KLV::Packet> & packet, ElementEditUnit & unit);
     PackageTrack * trackOf(KLV::Key const & key);
     bool isBehindAll(Int64 editUnit) const;

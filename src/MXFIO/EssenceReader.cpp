@@ -244,7 +244,12 @@ bool EssenceReader::Impl::seek(Time const & time)
     bool areReached = true;
     for (PackageTrack & track : tracks)
         areReached &= track.seek(time);
-    return (!isInFileOrder() || FileOrder(*containers.first(), tracks).goToEarliest()) && areReached;
+
+    // Where elements are isn't known without an index.
+    for (ContentStorageReader * const container : containers.all())
+        if (!container->isClipWrapped() && (isInFileOrder() || !container->isSeekExact()))
+            areReached &= FileOrder(*container, tracks).goToEarliest();
+    return areReached;
 }
 
 bool EssenceReader::Impl::next(UInt64 searchLimit, ElementEditUnit & unit)

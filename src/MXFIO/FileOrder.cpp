@@ -16,6 +16,8 @@ namespace {
 using PacketPtr = Templates::auto_ptr<KLV::Packet>;
 using Time = PackageTrack::Time;
 
+UInt64 const SEARCH_LIMIT = 4096;
+
 // Without the number of elements of the item.
 unsigned int elementOf(unsigned int trackNumber)
 {
@@ -36,11 +38,25 @@ FileOrder::FileOrder(ContentStorageReader & container, Templates::vector<Package
 
 bool FileOrder::goToEarliest()
 {
-    Int64 earliest = std::numeric_limits<Int64>::max();
+    Int64 const NONE = std::numeric_limits<Int64>::max();
+    Int64 earliest = NONE;
     for (PackageTrack const & track : tracks_)
-        if (isPlaying(track))
+        if (isPlaying(track) && &track.clip().container() == &container_)
             earliest = std::min(earliest, track.clip().containerEditUnitAt(track.position()));
-    return container_.seek(earliest);
+    if (earliest == NONE)
+        return true;
+    return container_.isSeekExact() ? container_.seek(earliest) : walkTo(earliest);
+}
+
+// Passes all edit units ahead of one whose place nothing tells.
+bool FileOrder::walkTo(Int64 editUnit)
+{
+    if (!container_.seek(0))
+        return false;
+    while (container_.editUnit() < editUnit || container_.nextElementIndex() != 0)
+        if (!container_.nextKLV(SEARCH_LIMIT))
+            return false;
+    return container_.editUnit() == editUnit;
 }
 
 bool FileOrder::next(UInt64 searchLimit, ElementEditUnit & unit)
