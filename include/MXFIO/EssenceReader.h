@@ -104,8 +104,9 @@ public:
     /// that the edit units of all tracks are multiples of. The position stays.
     ///
     /// \param editRate  turns per second
-    /// \return false, and nothing changes, when a clip in one packet starts or
-    ///         ends between two turns
+    /// \return false, and nothing changes, when a clip in one packet that is
+    ///         given in pieces starts within one, or ends within one that has
+    ///         more essence behind it
     /// \throws Exceptions::InvalidValue when the rate isn't above 0.
     bool changeMasterEditRate(Templates::Rational<int> const & editRate);
 

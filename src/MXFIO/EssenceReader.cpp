@@ -302,7 +302,7 @@ bool EssenceReader::Impl::handle(IndexTableHandlingMode theMode)
 
 bool EssenceReader::Impl::takeMasterRate(Types::Rational const & rate)
 {
-    VANTRY_CHECK(rateOf(&rate) > 0, InvalidValue, "Edit rate non-greater than zero.");
+    VANTRY_CHECK_TEXT(rateOf(&rate) > 0, "editRate > 0", InvalidValue, "Edit rate non-greater than zero.");
     for (PackageTrack & track : tracks)
         for (PackageClip & clip : track.clips())
             if (!clip.makePieces(rate))

@@ -100,7 +100,8 @@ bool FileOrder::take(PacketPtr & packet, ElementEditUnit & unit)
 
 PackageTrack * FileOrder::trackOf(KLV::Key const & key)
 {
-    if (!KLV::isEssence(key))
+    // Makers have keys of their own, which end as registered ones do.
+    if (KLV::isFillItem(key))
         return nullptr;
 
     unsigned int const element = elementOf(key2TrackNumber(key));

@@ -258,7 +258,7 @@ TEST(EssenceReader, GivesClipsWholeOrInPieces)
     EXPECT_TRUE(reader.seek(frames(2)));
     EXPECT_EQ(read(reader, 2), "B2 A12-15");
 
-    EXPECT_FAILURE(InvalidValue, "rateOf(&rate) > 0: Edit rate non-greater than zero.",
+    EXPECT_FAILURE(InvalidValue, "editRate > 0: Edit rate non-greater than zero.",
                    reader.changeMasterEditRate(Templates::Rational<int>(0)));
 }
 
