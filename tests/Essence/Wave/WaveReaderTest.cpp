@@ -73,7 +73,7 @@ TEST(WaveReader, GivesTheDataOfAWave)
     };
 
     Bytes const format = waveChunk("fmt ", PCM_FORMAT);
-    Bytes const sizes = littleEndian(0, 8) + littleEndian(6, 8) + littleEndian(0, 12);
+    Bytes const sizes = littleEndian(0, 8) + littleEndian(6, 8) + repeated(12, 0);
     Case const cases[] = {
         {"empty stream", {}, {}, ""},
         {"no wave", waveFile({}, "FORM"), {}, ""},
