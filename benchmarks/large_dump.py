@@ -7,10 +7,10 @@ stay below 32 MB; time follows the number of packets, not the bytes.
 """
 
 import os
-import subprocess
 import sys
-import time
 from pathlib import Path
+
+from process import measure
 
 FILE_SIZE = 3 * 10**9
 PICTURE_KEY = bytes.fromhex("060E2B34010201010D01030115010501")
@@ -26,23 +26,13 @@ def make(path, packets):
         out.truncate()
 
 
-def dump(vantry, path):
-    """Seconds and megabytes that a dump takes."""
-    start = time.monotonic()
-    process = subprocess.Popen([vantry, "dump", path], stdout=subprocess.DEVNULL)
-    _, status, usage = os.wait4(process.pid, 0)
-    if status != 0:
-        sys.exit(f"vantry dump ended with status {status}")
-    return time.monotonic() - start, usage.ru_maxrss / 1024
-
-
 def main(vantry, folder):
     print(f"{'vantry dump of 3 GB':>20} {'seconds':>9} {'us a packet':>12} {'MB':>6}  wanted")
     for packets in (75, 7_500, 75_000):
         path = Path(folder) / "large.mxf"
         make(path, packets)
-        dump(vantry, path)
-        seconds, megabytes = dump(vantry, path)
+        measure([vantry, "dump", path])
+        seconds, megabytes, _ = measure([vantry, "dump", path])
         path.unlink()
         print(f"{packets:>12} packets {seconds:>9.3f} {1e6 * seconds / packets:>12.2f} {megabytes:>6.1f}  below 32 MB")
 
