@@ -17,8 +17,11 @@ public:
     /// \throws Exceptions::NotFound when the container has no partition yet.
     StreamingPartitionWalker(Reader2 & reader, unsigned int bodySID);
 
-    /// Walks over what is new.
+    /// Has the source look how far it goes, and walks over what is new.
     void refresh();
+
+    /// Walks over what is new since others had the source look.
+    void catchUp();
 
     /// Bytes of the container by now.
     UInt64 byteCount() const;

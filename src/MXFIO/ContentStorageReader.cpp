@@ -322,6 +322,9 @@ bool ContentStorageReader::Impl::moveTo(UInt64 bodyOffset, Int64 target)
         return true;
     }
 
+    // The look at the index may have seen more of the file than its reader.
+    if (walker_)
+        walker_->catchUp();
     Partition * const partition = seeker->partitionContaining(bodyOffset, target);
     if (partition == nullptr)
         return false;

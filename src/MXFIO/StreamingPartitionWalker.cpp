@@ -37,15 +37,19 @@ StreamingPartitionWalker::StreamingPartitionWalker(Reader2 & reader, unsigned in
 
 void StreamingPartitionWalker::refresh()
 {
-    DataIO::RandomAccessDataSource & source = reader_.source();
-    PositionKeeper const keeper(source);
-    if (auto * const growing = dynamic_cast<DataIO::StreamingDataSource *>(&source))
+    if (auto * const growing = dynamic_cast<DataIO::StreamingDataSource *>(&reader_.source()))
         growing->refresh();
+    catchUp();
+}
 
+void StreamingPartitionWalker::catchUp()
+{
+    DataIO::RandomAccessDataSource & source = reader_.source();
     UInt64 const end = source.absoluteOffset() + source.remaining();
     if (end == walked_)
         return;
 
+    PositionKeeper const keeper(source);
     UInt64 const from = walked_ - std::min(walked_, OVERLAP);
     nothingIfUnreadable([&] { return reader_.lastPartition(end - std::min(from, end)); });
     walked_ = end;

@@ -1,11 +1,13 @@
 // Files that another process is writing while they are read.
 
 #include "Growing/FileSource.h"
+#include "MXFIO/ElementEditUnit.h"
+#include "MXFIO/EssenceReader.h"
 #include "MXFIO/IndexTableCompleteCache.h"
 #include "MXFIO/IndexTableStreamingProvider.h"
 #include "MXFIO/StreamingPartitionProvider.h"
 #include "Platform/Clock.h"
-#include "support/IndexSegments.h"
+#include "support/EssencePackages.h"
 #include "support/OpenFile.h"
 #include "support/Recorder.h"
 #include "support/TemporaryFile.h"
@@ -56,7 +58,7 @@ class Player
 public:
     explicit Player(Growing::FileSource & source) :
         source_(source),
-        reader_(source, Schema().dictionary(), SEARCH_LIMIT),
+        reader_(source, Tests::Schema().dictionary(), SEARCH_LIMIT),
         last_(reader_.headerPartition()),
         partitions_(reader_, BODY_SID),
         index_(Templates::SharedPtr<IndexTableCache>(new IndexTableCompleteCache(BODY_SID, INDEX_SID)), reader_,
@@ -107,16 +109,16 @@ private:
     Int64 next_ = 0;
 };
 
-TEST(Follow, PlaysARecordingWhileItIsMade)
+// Has files written by another process and played meanwhile.
+template <class Player, class... Arguments>
+void follow(MXFFile const & file, UInt64 start, Int64 editUnits, Arguments &... arguments)
 {
     Platform::replaceMonotonicClock([] { return testTime += 5000; });
-    MXFFile const file = recording();
-    UInt64 const start = file.offset(1) + 50;
     for (unsigned int seed : {1, 2, 3})
     {
         TemporaryFile const target(file.bytes().first(start));
         Growing::FileSource source(target.name());
-        Player player(source);
+        Player player(source, arguments...);
         Recorder recorder(target.path(), file.bytes(), start, seed);
         bool wasRecording = true;
         for (bool isRecording = true; isRecording || wasRecording;)
@@ -125,9 +127,132 @@ TEST(Follow, PlaysARecordingWhileItIsMade)
             isRecording = recorder.isAtWork();
             player.playOn();
         }
-        EXPECT_EQ(player.editUnits(), PARTITIONS * EDIT_UNITS_PER_PARTITION) << seed;
+        EXPECT_EQ(player.editUnits(), editUnits) << seed;
     }
     Platform::replaceMonotonicClock(nullptr);
+}
+
+TEST(Follow, FindsEditUnitsByTheProviders)
+{
+    MXFFile const file = recording();
+    follow<Player>(file, file.offset(1) + 50, PARTITIONS * EDIT_UNITS_PER_PARTITION);
+}
+
+// A container of pictures and sound. The index of each partition is in the one
+// behind, as recorders have it.
+EssenceContainer const CONTAINER = {1, 25, 200, {PICTURE_ELEMENT, SOUND_ELEMENT}};
+
+Bytes indexFrom(unsigned int first)
+{
+    auto const segment = indexSegment(first, EDIT_UNITS_PER_PARTITION);
+    segment->indexSID(CONTAINER.bodySID + 100);
+    segment->indexEditRate({25, 1});
+    UInt64 const size = CONTAINER.unit(0).size();
+    for (unsigned int i : {0, 1})
+        segment->addDeltaEntry(i, IndexTables::DeltaEntry(0, 0, static_cast<unsigned int>(i * size / 2)));
+    for (unsigned int i = 0; i < EDIT_UNITS_PER_PARTITION; ++i)
+        segment->addIndexEntry(i, IndexTables::IndexEntry((first + i) * size));
+    return serialized(*segment);
+}
+
+MXFFile essenceRecording()
+{
+    std::vector<FilePart> parts = {{HEADER, OPEN, chainMetadata(2)}};
+    for (unsigned int first = 0; first <= CONTAINER.units; first += EDIT_UNITS_PER_PARTITION)
+    {
+        bool const isLast = first == CONTAINER.units;
+        FilePart part = {isLast ? FOOTER : BODY, CLOSED};
+        for (unsigned int i = first; i < first + EDIT_UNITS_PER_PARTITION && !isLast; ++i)
+            part.body += CONTAINER.unit(static_cast<unsigned char>(i));
+        if (first != 0)
+            part.index = indexFrom(first - EDIT_UNITS_PER_PARTITION);
+        part.indexSID = first != 0 ? CONTAINER.bodySID + 100 : 0;
+        part.bodySID = isLast ? 0 : CONTAINER.bodySID;
+        part.lie = [=](Packs::PartitionPack & pack)
+        {
+            pack.bodyOffset(isLast ? 0 : first * CONTAINER.unit(0).size());
+        };
+        parts.push_back(part);
+    }
+    return MXFFile(parts);
+}
+
+// Plays a package: in the order of the file all that is there, or what the index
+// reaches, and seeks to and fro between.
+class PackagePlayer
+{
+public:
+    PackagePlayer(Growing::FileSource & source, EssencePackages const & packages, IndexTableHandlingMode mode) :
+        file_(source, Tests::Schema().dictionary(), SEARCH_LIMIT),
+        reader_(file_, packages.preface, packages.material, true, false, {})
+    {
+        reader_.indexTableHandlingMode(mode);
+    }
+
+    Int64 editUnits() const { return elements_ / 2; }
+
+    void playOn()
+    {
+        reader_.refreshSource();
+        EXPECT_GE(reader_.duration(), duration_);
+        duration_ = reader_.duration();
+        Int64 end = CONTAINER.units;
+        if (reader_.indexTableHandlingMode() == INDEX_TABLE_USED)
+        {
+            Time const indexed = reader_.indexableDuration() * Time(25);
+            end = std::max<Int64>(indexed.numerator(), 0);
+            seekAbout(end);
+        }
+        while (editUnits() < end && playOne(editUnits()))
+            ++elements_;
+    }
+
+private:
+    using Time = Templates::Rational<Int64>;
+
+    bool playOne(Int64 editUnit)
+    {
+        ElementEditUnit unit;
+        if (!reader_.nextElementEditUnit(SEARCH_LIMIT, unit))
+            return false;
+        Bytes value(unit.packet->length());
+        unit.packet->value().readValue(value.data(), value.size());
+        EXPECT_EQ(value, repeated(10, static_cast<unsigned char>(editUnit)));
+        return true;
+    }
+
+    // Ends where it began.
+    void seekAbout(Int64 end)
+    {
+        if (editUnits() == end)
+            return;
+        for (Int64 editUnit : {end - 1, end / 2, editUnits()})
+        {
+            EXPECT_TRUE(reader_.seek(Time(editUnit) / Time(25))) << editUnit;
+            EXPECT_TRUE(playOne(editUnit));
+        }
+        EXPECT_TRUE(reader_.seek(Time(editUnits()) / Time(25)));
+    }
+
+    Reader2 file_;
+    EssenceReader reader_;
+    Int64 elements_ = 0;
+    Time duration_ = -1;
+};
+
+TEST(Follow, PlaysAPackage)
+{
+    EssenceContainer asFarAsKnown = CONTAINER;
+    asFarAsKnown.units = 0;
+    EssencePackages packages;
+    packages.addContainer(asFarAsKnown);
+    packages.addTrack(packages.material, 1, 0, 25, -1, {{1, 1, 0, -1}});
+    packages.addTrack(packages.material, 2, 0, 25, -1, {{1, 2, 0, -1}});
+
+    MXFFile const file = essenceRecording();
+    UInt64 const start = file.offset(1) + MXFFile::PACK_SIZE + CONTAINER.unit(0).size();
+    for (IndexTableHandlingMode mode : {INDEX_TABLE_USED, INDEX_TABLE_IGNORED})
+        follow<PackagePlayer>(file, start, CONTAINER.units, packages, mode);
 }
 
 }}}
