@@ -190,14 +190,15 @@ std::vector<EssenceContainer> essenceContainers(Metadata::PartitionMetadata cons
     std::vector<EssenceContainer> containers;
     for (unsigned i = 0; i < storage->essenceContainerDataCount(); ++i)
     {
-        EssenceContainerData const & data = *storage->essenceContainerData(i);
-        auto const * const package = dynamic_cast<SourcePackage const *>(data.linkedPackage());
-        if (package == nullptr || data.bodySID() == nullptr || data.bodySID()->value() == 0)
+        EssenceContainerData const * const data = storage->essenceContainerData(i);
+        auto const * const package =
+            data != nullptr ? dynamic_cast<SourcePackage const *>(data->linkedPackage()) : nullptr;
+        if (package == nullptr || data->bodySID() == nullptr || data->bodySID()->value() == 0)
             continue;
 
         EssenceContainer container = describe(*package, played);
-        container.bodySID = data.bodySID()->value();
-        container.indexSID = data.indexSID() != nullptr ? data.indexSID()->value() : 0;
+        container.bodySID = data->bodySID()->value();
+        container.indexSID = data->indexSID() != nullptr ? data->indexSID()->value() : 0;
         containers.push_back(std::move(container));
     }
     return containers.empty() ? anyContainer(*storage, played) : containers;
