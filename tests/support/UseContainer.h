@@ -27,7 +27,10 @@ void forEachContainer(MXFIO::Reader & reader, Visit const & visit)
         attempt(
             [&]
             {
-                MXFIO::ContentStorageReader content(reader, *storage->essenceContainerData(i), true, true, {});
+                auto * const container = storage->essenceContainerData(i);
+                if (container == nullptr)
+                    return;
+                MXFIO::ContentStorageReader content(reader, *container, true, true, {});
                 visit(content);
             });
 }
