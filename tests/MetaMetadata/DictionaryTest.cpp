@@ -3,10 +3,13 @@
 #include "Exceptions/AlreadySet.h"
 #include "Exceptions/InvalidMetaElement.h"
 #include "Exceptions/NotFound.h"
+#include "MetaMetadata/Helpers.h"
 #include "MetaMetadata/MetaCollection.h"
 #include "MetaMetadata/MetaReferenceCollection.h"
 #include "MetaMetadata/MetaReferenceElement.h"
 #include "MetaMetadata/MetaSimpleElement.h"
+#include "MetaMetadata/MisplacedAttribute.h"
+#include "MetaMetadata/UnknownAttribute.h"
 #include "Types/UInt8.h"
 #include "support/Bytes.h"
 #include "support/Failure.h"
@@ -162,6 +165,18 @@ TEST(Dictionary, FindsByProperty)
 
     EXPECT_FAILURE(NotFound, "Property not found: name",
                    dictionary.findMetaElement(label(1))->getProperty(wide("name")));
+}
+
+TEST(Helpers, LeadFromAnAttributeToItsElement)
+{
+    using Attribute = Templates::SharedPtr<AbstractMetaAttribute const>;
+    MetaSimpleElement const element(label(1), Id::UInt8);
+
+    EXPECT_EQ(Helpers::abstractMetaAttributeToMetaElement(attribute(element)), &element);
+    EXPECT_EQ(Helpers::abstractMetaAttributeToMetaElement(Attribute(new MisplacedAttribute(element))), &element);
+    EXPECT_EQ(Helpers::abstractMetaAttributeToMetaElement(
+                  Attribute(new UnknownAttribute(tag(1), UnknownAttribute::TagNotInPrimer))),
+              nullptr);
 }
 
 }}}
