@@ -31,6 +31,14 @@ Templates::auto_ptr<Types::SimpleDataType> number(unsigned short value)
     return made<Types::UInt16>(value);
 }
 
+Types::Array arrayOf(std::initializer_list<unsigned short> values)
+{
+    Types::Array array(2);
+    for (unsigned short value : values)
+        array.append(number(value));
+    return array;
+}
+
 }
 
 TEST(Collection, ReadsWhatItWrites)
@@ -121,6 +129,26 @@ TEST(Collection, InsertsAndRemoves)
     EXPECT_FAILURE(IndexOutOfBounds, "Exceptions::IndexOutOfBounds", array.at(2));
     dynamic_cast<Types::UInt16 &>(array.at(1)) = Types::UInt16(9);
     EXPECT_EQ(serialized(array), hex("00000002 00000002 0001 0009"));
+}
+
+TEST(Collection, TakesCopiesOfAnothersElements)
+{
+    Types::Array const one = arrayOf({1});
+    Types::Array two = arrayOf({2, 3});
+    Types::Array const copy(two);
+    EXPECT_EQ(serialized(one = two), serialized(copy)) << "an array is a handle, which const doesn't keep from it";
+    two.remove(0);
+    EXPECT_EQ(serialized(one), serialized(copy));
+
+    Types::Array const & itself = two;
+    two = itself;
+    EXPECT_EQ(serialized(two), hex("00000001 00000002 0003"));
+    EXPECT_FAILURE(InvalidElement, "Appending an invalid element", Types::Array(16) = two);
+    Types::Array open(0);
+    open = two;
+    EXPECT_EQ(serialized(open), serialized(two));
+    open = Types::Array(16);
+    EXPECT_EQ(serialized(open), hex("00000000 00000002")) << "the size stays";
 }
 
 }}
