@@ -1,7 +1,9 @@
 #include "Metadata/Listeners/MetadataSetRelationshipManager.h"
 
+#include "Exceptions/InvalidChange.h"
 #include "Exceptions/InvalidFormat.h"
 #include "Exceptions/OperationNotAllowed.h"
+#include "Types/Array.h"
 #include "support/Failure.h"
 #include "support/Partition.h"
 
@@ -127,6 +129,29 @@ TEST_F(Relationships, InACircleAreRefused)
         EXPECT_FAILURE(InvalidFormat, text.c_str(), manager->cascadeDelete(&set(1)));
         EXPECT_TRUE(isThere(1) && isThere(2) && isThere(3));
     }
+}
+
+// The schema wants two items: the set to which one refers can't go.
+TEST(RelationshipLimits, KeepASetAndItsReferences)
+{
+    Schema schema;
+    auto const label = labelOf(0x77);
+    schema.add(label, 0x0177, Types::Identifiers::Array, Types::Identifiers::StrongReference, Schema::Limits(1, 9));
+    schema.add(nodeKey(), {{MetadataULs::instanceUID()}, {label}, {labelOf(CHILD)}});
+    Partition partition(schema);
+    Templates::SharedPtr<Manager> const manager(new Manager(&partition.metadata));
+    partition.metadata.addMetadataListener(manager, false);
+
+    Templates::auto_ptr<Types::Array> row(new Types::Array(16));
+    row->append(Templates::auto_ptr<Types::SimpleDataType>(referenceTo<Types::StrongReference>(2)));
+    elementOf<ArrayReferenceElement>(partition.node(1), label).set(row);
+    Partition::own(partition.node(2), 3);
+    partition.node(3);
+
+    EXPECT_THROW(manager->cascadeDelete(partition.find(2)), Exceptions::InvalidChange);
+    EXPECT_EQ(manager->parentSet(partition.find(3)), partition.find(2));
+    EXPECT_EQ(manager->parentSet(partition.find(2)), partition.find(1));
+    EXPECT_THROW(partition.metadata.removeMetadataSet(numberedUUID(3)), Exceptions::OperationNotAllowed);
 }
 
 TEST(RelationshipDepth, DoesNotMatter)
