@@ -57,15 +57,19 @@ std::optional<Wrapping> wrappingOf(Types::UniversalLabel const & label)
 void claimByTracks(Structural::GenericPackage const & package, ContainerClaim & claim)
 {
     bool hasPicture = false;
-    for (unsigned int i = 0; i < package.tracksCount() && !hasPicture; ++i)
+    for (unsigned int i = 0; i < package.tracksCount(); ++i)
     {
         Structural::Track const * const track = package.track(i);
-        if (track == nullptr)
+        TrackFacts const facts = track != nullptr ? TrackFacts(*track) : TrackFacts();
+        if (!facts.isEssence())
             continue;
-        TrackFacts const facts(*track);
-        hasPicture = std::string_view(facts.kind) == "picture";
-        if (!facts.isEssence() || (claim.editRate && !hasPicture))
+
+        // Pictures rule, else what comes first.
+        ++claim.tracks;
+        bool const isPicture = std::string_view(facts.kind) == "picture";
+        if (claim.tracks > 1 && (hasPicture || !isPicture))
             continue;
+        hasPicture = isPicture;
         claim.editRate = EditRate::of(facts.editRate);
         claim.duration = facts.duration;
         claim.isData = std::string_view(facts.kind) == "data";

@@ -122,7 +122,7 @@ std::optional<UInt64> ContainerReport::count(EssenceStream const & stream, Strea
     if (!hasIndex && (wrapping == Wrapping::OTHER || isOfSamples))
         return std::nullopt;
 
-    UInt64 const units = countInFrames(layout_.file(), stream, index, warnings_);
+    UInt64 const units = countInFrames(layout_.file(), stream, index, claim.tracks, warnings_);
     return hasIndex && index.editRate() && claim.editRate ? index.editRate()->convert(units, *claim.editRate) : units;
 }
 

@@ -20,6 +20,9 @@ struct ContainerClaim
     std::optional<EditRate> editRate;
     std::optional<UInt64> duration; // in edit units
 
+    /// How many tracks the essence is of.
+    UInt64 tracks = 0;
+
     /// Neither picture nor sound, but such as timed text.
     bool isData = false;
 

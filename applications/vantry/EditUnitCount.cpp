@@ -12,6 +12,9 @@
 #include "KLV/Reader.h"
 #include "PacketFaults.h"
 #include "PacketWalk.h"
+#include "Packs/PartitionPack.h"
+#include "Packs/PrimerPack.h"
+#include "Packs/RandomIndexPack.h"
 #include "Warnings.h"
 
 #include <algorithm>
@@ -21,9 +24,22 @@ namespace Vantry { namespace Application {
 
 namespace {
 
+/// Whether a packet in a body is of essence, or of what takes its place, such
+/// as encrypted triplets. In a cut file, the pack of the next partition may be
+/// the last thing there.
 bool isOfEssence(KLV::Key const & key)
 {
-    return !KLV::isFillItem(key) && !KLV::isIndexTableKlvSegment(key);
+    if (KLV::isEssence(key))
+        return true;
+    return !KLV::isFillItem(key) && !KLV::isIndexTableKlvSegment(key) && !KLV::isMetadataSet(key) &&
+           !Packs::isPartitionPack(key) && !Packs::isPrimerPack(key) && !Packs::isRandomIndexPack(key);
+}
+
+/// Packets of the system item (SMPTE 379M) go with elements and are none.
+bool isOfSystemItem(KLV::Key const & key)
+{
+    int const ITEM_BYTE = 12;
+    return KLV::isEssence(key) && (key[ITEM_BYTE] == 0x04 || key[ITEM_BYTE] == 0x14);
 }
 
 /// Where a packet ends by its own account.
@@ -71,10 +87,10 @@ public:
         if (packet.key() == *firstKey)
         {
             if (++units == 2)
-                packetsOfFirst = packets;
-            packets = 0;
+                elementsOfFirst = elements;
+            elements = 0;
         }
-        ++packets;
+        elements += !isOfSystemItem(packet.key());
         isCut = bytesThere < packet.length();
         if (isCut)
             warnings_.add(cutFault(packet, bytesThere));
@@ -84,8 +100,8 @@ public:
 
     std::optional<KLV::Key> firstKey;
     UInt64 units = 0;
-    UInt64 packets = 0; // of the last one
-    UInt64 packetsOfFirst = 0;
+    UInt64 elements = 0; // of the last one
+    std::optional<UInt64> elementsOfFirst;
     bool isCut = false;
 
 private:
@@ -121,8 +137,8 @@ class FrameCount
 {
 public:
     FrameCount(DataIO::RandomAccessDataSource & file, EssenceStream const & stream, StreamIndex const & index,
-               Warnings & warnings) :
-        walk_(file, stream), stream_(stream), index_(index), warnings_(warnings)
+               UInt64 tracks, Warnings & warnings) :
+        walk_(file, stream), stream_(stream), index_(index), tracks_(tracks), warnings_(warnings)
     {
     }
 
@@ -145,7 +161,7 @@ public:
                 fmt::format("the index of body SID {} leads to places where no edit units begin", stream_.bodySID()));
             return countFrom(0);
         }
-        return known - 1 + wholeUnits(last, first.packets);
+        return known - 1 + wholeUnits(last, first.elements);
     }
 
 private:
@@ -153,7 +169,7 @@ private:
     {
         UnitNotes all(warnings_);
         walk_(start, stream_.end(), all);
-        return wholeUnits(all, all.packetsOfFirst);
+        return wholeUnits(all, all.elementsOfFirst.value_or(tracks_));
     }
 
     /// How many edit units of the index begin in the stream.
@@ -175,15 +191,16 @@ private:
         return unit < index_.offsets().size() ? index_.offsets()[unit] : stream_.end();
     }
 
-    UInt64 wholeUnits(UnitNotes const & notes, UInt64 packetsOfOne) const
+    UInt64 wholeUnits(UnitNotes const & notes, UInt64 elementsOfOne) const
     {
-        bool const lacksPackets = stream_.endsOpen() && notes.packets < packetsOfOne;
-        return notes.units - (notes.units != 0 && (notes.isCut || lacksPackets));
+        bool const lacksElements = stream_.endsOpen() && notes.elements < elementsOfOne;
+        return notes.units - (notes.units != 0 && (notes.isCut || lacksElements));
     }
 
     StreamWalk walk_;
     EssenceStream const & stream_;
     StreamIndex const & index_;
+    UInt64 const tracks_;
     Warnings & warnings_;
 };
 
@@ -232,9 +249,9 @@ std::optional<UInt64> countInClip(FirstPacket const & clip, StreamIndex const & 
 }
 
 UInt64 countInFrames(DataIO::RandomAccessDataSource & file, EssenceStream const & stream, StreamIndex const & index,
-                     Warnings & warnings)
+                     UInt64 tracks, Warnings & warnings)
 {
-    return FrameCount(file, stream, index, warnings).count();
+    return FrameCount(file, stream, index, tracks, warnings).count();
 }
 
 }}

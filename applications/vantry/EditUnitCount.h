@@ -45,8 +45,10 @@ std::optional<UInt64> countInClip(FirstPacket const & clip, StreamIndex const & 
 /// Counts the edit units of a frame wrapped stream that are whole: by the
 /// index up to the last one that begins in the file, from there by its packets.
 /// Without an index, or with one that leads astray, by all packets.
+///
+/// \param tracks  elements that an edit unit has at least
 UInt64 countInFrames(DataIO::RandomAccessDataSource & file, EssenceStream const & stream, StreamIndex const & index,
-                     Warnings & warnings);
+                     UInt64 tracks, Warnings & warnings);
 
 }
 }

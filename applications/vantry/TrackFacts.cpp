@@ -74,7 +74,9 @@ Structural::StructuralComponent const * firstComponentOf(Structural::Track const
     return sequence->structuralComponentsCount() != 0 ? sequence->structuralComponent(0) : nullptr;
 }
 
-TrackFacts::TrackFacts(Structural::Track const & track) : kind(OTHER)
+TrackFacts::TrackFacts() : kind(OTHER) {}
+
+TrackFacts::TrackFacts(Structural::Track const & track) : TrackFacts()
 {
     Structural::StructuralComponent const * const first = firstComponentOf(track);
     if (Structural::Sequence const * const sequence = track.sequence())

@@ -23,6 +23,9 @@ Metadata::Structural::StructuralComponent const * firstComponentOf(Metadata::Str
 /// What a track is about, of whatever class it is.
 struct TrackFacts
 {
+    /// Of no track.
+    TrackFacts();
+
     explicit TrackFacts(Metadata::Structural::Track const & track);
 
     bool isEssence() const;
