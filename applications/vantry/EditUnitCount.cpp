@@ -24,6 +24,8 @@ namespace Vantry { namespace Application {
 
 namespace {
 
+UInt64 const LONGEST_KEY_AND_LENGTH = 16 + 9;
+
 /// Whether a packet in a body is of essence, or of what takes its place, such
 /// as encrypted triplets. In a cut file, the pack of the next partition may be
 /// the last thing there.
@@ -96,9 +98,14 @@ public:
             warnings_.add(cutFault(packet, bytesThere));
     }
 
-    void gap(UInt64 offset, UInt64 size, bool) override { warnings_.add(gapFault(offset, size)); }
+    void gap(UInt64 offset, UInt64 size, bool) override
+    {
+        beginsWithGap = beginsWithGap || !firstKey;
+        warnings_.add(gapFault(offset, size));
+    }
 
     std::optional<KLV::Key> firstKey;
+    bool beginsWithGap = false;
     UInt64 units = 0;
     UInt64 elements = 0; // of the last one
     std::optional<UInt64> elementsOfFirst;
@@ -148,19 +155,19 @@ public:
         if (known == 0)
             return countFrom(0);
 
-        Warnings ofFirst;
-        UnitNotes first(ofFirst);
+        Warnings ignored;
+        UnitNotes first(ignored);
         walk_(startOf(0), startOf(1), first);
-        UnitNotes last(warnings_);
+        Warnings ofLast;
+        UnitNotes last(ofLast);
         walk_(startOf(known - 1), stream_.end(), last);
-        if (!last.firstKey)
-            return known - 1;
-        if (first.firstKey != last.firstKey)
+        if (isAstray(first, last, startOf(known - 1)))
         {
             warnings_.add(
                 fmt::format("the index of body SID {} leads to places where no edit units begin", stream_.bodySID()));
             return countFrom(0);
         }
+        warnings_.add(ofLast.all());
         return known - 1 + wholeUnits(last, first.elements);
     }
 
@@ -170,6 +177,15 @@ private:
         UnitNotes all(warnings_);
         walk_(start, stream_.end(), all);
         return wholeUnits(all, all.elementsOfFirst.value_or(tracks_));
+    }
+
+    /// Whether the walk for the last edit unit hasn't begun with one, though
+    /// the stream doesn't end there.
+    bool isAstray(UnitNotes const & first, UnitNotes const & last, UInt64 start) const
+    {
+        if (last.firstKey && last.firstKey != first.firstKey)
+            return true;
+        return last.beginsWithGap && stream_.end() - start > LONGEST_KEY_AND_LENGTH;
     }
 
     /// How many edit units of the index begin in the stream.

@@ -199,7 +199,7 @@ void FileLayout::walkFrom(MXFIO::Partition const & partition, Warnings & warning
 MXFIO::Partition * FileLayout::partitionAt(UInt64 offset)
 {
     // The reader would go on over all packets until it meets a partition.
-    if (offset > size_ || !hasPartitionKey(file_, offset + runIn()))
+    if (offset > size_ || offset + runIn() > size_ || !hasPartitionKey(file_, offset + runIn()))
         return nullptr;
 
     MXFIO::Partition * const partition = reader_.partitionAtOffset(offset);

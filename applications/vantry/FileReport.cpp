@@ -6,13 +6,13 @@
 #include "IndexSurvey.h"
 #include "LayoutFaults.h"
 #include "MXFIO/Partition.h"
+#include "MetaMetadata/Dictionary.h"
 #include "Metadata/MetadataSet.h"
 #include "MetadataChoice.h"
 #include "MetadataTree.h"
 #include "PackageReport.h"
 #include "Packs/PartitionPack.h"
 #include "PartitionText.h"
-#include "Schema/Dictionaries.h"
 #include "Schema/LabelNames.h"
 #include "SetNames.h"
 #include "Text.h"
@@ -119,10 +119,10 @@ Json headerMetadataOf(MetadataChoice const & choice, MetadataTree const & tree, 
 }
 
 std::optional<Json> reportOf(std::string const & name, DataIO::RandomAccessDataSource & file,
-                             Schema::Tables const & tables)
+                             Schema::Tables const & tables,
+                             Templates::SharedPtr<MetaMetadata::Dictionary> const & dictionary)
 {
     Warnings warnings;
-    auto const dictionary = Schema::makeDictionary(tables);
     FileLayout const layout(file, dictionary, warnings);
     if (layout.partitions().empty())
         return std::nullopt;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Schema/Tables.h"
+#include "Templates/SharedPtr.h"
 
 #include <nlohmann/json.hpp>
 #include <optional>
@@ -10,19 +11,24 @@ namespace Vantry {
 namespace DataIO {
 class RandomAccessDataSource;
 }
+namespace MetaMetadata {
+class Dictionary;
+}
 
 namespace Application {
 
 /// Tells what a file is: its partitions, metadata, essence and faults, in the
 /// form that machines get.
 ///
-/// \param name    of the file, for the result
-/// \param file    lent
-/// \param tables  the schema of the metadata
+/// \param name        of the file, for the result
+/// \param file        lent
+/// \param tables      the schema of the metadata
+/// \param dictionary  of that schema
 /// \return none when the file has no header partition
 /// \throws Exceptions::IOError when the medium fails.
 std::optional<nlohmann::ordered_json> reportOf(std::string const & name, DataIO::RandomAccessDataSource & file,
-                                               Schema::Tables const & tables);
+                                               Schema::Tables const & tables,
+                                               Templates::SharedPtr<MetaMetadata::Dictionary> const & dictionary);
 
 }
 }

@@ -68,6 +68,8 @@ void findPackFaults(FileLayout const & layout, Warnings & warnings)
             patterns.add("the partition at offset {} has another operational pattern than the header partition", place);
         before = place;
     }
+    for (FaultGroup const * group : {&places, &predecessors, &footers, &patterns})
+        group->tell();
 }
 
 void findRIPFaults(FileLayout const & layout, Packs::RandomIndexPack const & rip, Warnings & warnings)
@@ -91,6 +93,8 @@ void findRIPFaults(FileLayout const & layout, Packs::RandomIndexPack const & rip
     for (auto const & [offset, bodySID] : bodySIDs)
         if (rip.offsetIndexedMap().count(offset) == 0)
             missing.add("the random index pack lacks the partition at offset {}", offset);
+    for (FaultGroup const * group : {&nowhere, &others, &missing})
+        group->tell();
 }
 
 }

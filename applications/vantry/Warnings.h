@@ -37,10 +37,9 @@ class FaultGroup
 {
 public:
     explicit FaultGroup(Warnings & warnings) : warnings_(warnings) {}
-    FaultGroup(FaultGroup const &) = delete;
-    FaultGroup & operator=(FaultGroup const &) = delete;
 
-    ~FaultGroup()
+    /// Enters them among the warnings.
+    void tell() const
     {
         if (count_ == 1)
             warnings_.add(first_);

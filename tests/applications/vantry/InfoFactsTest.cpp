@@ -1,0 +1,293 @@
+// What `vantry info` finds out about files that are built here: sound ones, ones
+// as makers of many kinds write them, and broken ones.
+
+#include "FileReport.h"
+#include "IndexTables/IndexEntry.h"
+#include "Metadata/Structural/ContentStorage.h"
+#include "Metadata/Structural/DataDefinitionULs.h"
+#include "Metadata/Structural/EssenceContainerData.h"
+#include "Metadata/Structural/GenericPictureEssenceDescriptor.h"
+#include "Metadata/Structural/Preface.h"
+#include "Metadata/Structural/Sequence.h"
+#include "Metadata/Structural/SourcePackage.h"
+#include "Metadata/Structural/TimecodeComponent.h"
+#include "Metadata/Structural/TimelineTrack.h"
+#include "Metadata/Structural/TrackHelpers.h"
+#include "support/BytesSource.h"
+#include "support/IndexSegments.h"
+#include "support/MXFFile.h"
+#include "support/StructuralMetadata.h"
+
+#include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
+
+namespace Vantry { namespace Tests { namespace {
+
+namespace Structural = Metadata::Structural;
+using Json = nlohmann::ordered_json;
+using Strings = std::vector<std::string>;
+
+char const FRAME_WRAPPED[] = "060E2B34 04010102 0D010301 02046001";
+char const CLIP_WRAPPED[] = "060E2B34 04010102 0D010301 02046002";
+unsigned int const UNITS = 5;
+UInt64 const VALUE_SIZE = 100;
+UInt64 const UNIT_SIZE = 20 + VALUE_SIZE;
+
+Json reportOn(Bytes const & file)
+{
+    static auto const dictionary = ::Vantry::Schema::builtInDictionary();
+    BytesSource source(file);
+    auto const report = Application::reportOf("file", source, ::Vantry::Schema::builtInTables(), dictionary);
+    return report ? *report : Json();
+}
+
+/// A source package with time code and pictures at 30000/1001 in body SID 1.
+Bytes metadata(char const * container = FRAME_WRAPPED, Int64 duration = UNITS, bool withContainerData = true)
+{
+    StructuralMetadata made;
+    auto & preface = made.make<Structural::Preface>();
+    auto & storage = made.make<Structural::ContentStorage>();
+    auto & package = made.make<Structural::SourcePackage>();
+    Types::UMID32 const umid(countedBytes(1).data());
+    package.packageUID(&umid);
+    preface.contentStorage(&storage);
+    storage.appendPackage(&package);
+
+    Types::Rational const rate(30000, 1001);
+    namespace Definitions = Structural::DataDefinitionULs;
+    auto * const time =
+        Structural::createTimelineTrack(*made, package, Definitions::timecode12MInactive(), 1, 0, 0, rate, duration);
+    auto & timecode = made.make<Structural::TimecodeComponent>();
+    Types::UInt16 const base(30);
+    Types::Position const start(1800);
+    Types::Boolean const drop(true);
+    timecode.roundedTimecodeBase(&base);
+    timecode.startTimecode(&start);
+    timecode.dropFrame(&drop);
+    time->sequence()->addStructuralComponent(0, &timecode);
+    Structural::createTimelineTrack(*made, package, Definitions::picture(), 2, 0x15010501, 0, rate, duration);
+
+    auto & descriptor = made.make<Structural::GenericPictureEssenceDescriptor>();
+    Types::UniversalLabel const label(hex(container).data());
+    Types::UInt32 const track(2);
+    descriptor.essenceContainer(&label);
+    descriptor.linkedTrack(&track);
+    descriptor.sampleRate(&rate);
+    package.descriptor(&descriptor);
+    if (withContainerData)
+    {
+        auto & data = made.make<Structural::EssenceContainerData>();
+        Types::UInt32 const bodySID(1);
+        data.linkedPackage(&package);
+        data.bodySID(&bodySID);
+        storage.appendEssenceContainerData(&data);
+    }
+    BytesSink sink;
+    made->serialize(sink, true, Metadata::PartitionMetadata::PrefaceFirst, true);
+    return sink.bytes();
+}
+
+/// A segment from edit unit `start` on: of one size, or with entries.
+Bytes index(Int64 start, Int64 duration, unsigned int entries, UInt32 unitSize = 0, int rate = 30000)
+{
+    auto const segment = indexSegment(start, duration);
+    segment->indexSID(2);
+    segment->indexEditRate(Types::Rational(rate, rate == 0 ? 0 : 1001));
+    if (unitSize != 0)
+        segment->editUnitByteCount(unitSize);
+    for (unsigned int i = 0; i < entries; ++i)
+        segment->addIndexEntry(i, IndexTables::IndexEntry((static_cast<UInt64>(start) + i) * UNIT_SIZE));
+    BytesSink sink;
+    segment->serialize(sink);
+    return sink.bytes();
+}
+
+/// Header, body and footer with the index.
+std::vector<FilePart> parts(Bytes const & footerIndex = index(0, UNITS, UNITS), Bytes const & header = metadata())
+{
+    return {{HEADER, CLOSED, header},
+            {BODY, CLOSED, {}, essence(UNITS, VALUE_SIZE), 1},
+            {FOOTER, CLOSED, {}, {}, 0, footerIndex, footerIndex.empty() ? 0u : 2u}};
+}
+
+template <class Change>
+std::vector<FilePart> changed(Change change)
+{
+    std::vector<FilePart> all = parts();
+    change(all);
+    return all;
+}
+
+TEST(InfoFacts, TellsOfASoundFile)
+{
+    Json const report = reportOn(MXFFile(parts(), true, repeated(8, 7)).bytes());
+    EXPECT_EQ(report["run_in"], 8);
+    EXPECT_EQ(report["operational_pattern"]["name"], "OP1a");
+    EXPECT_EQ(report["partitions"][1]["offset"], report["partitions"][1]["this_partition"].get<int>() + 8);
+    EXPECT_EQ(report["random_index_pack"].size(), 3u);
+    EXPECT_EQ(report["warnings"], Json::array());
+
+    Json const & package = report["packages"][0];
+    EXPECT_EQ(package["kind"], "file");
+    EXPECT_EQ(package["tracks"][0]["start_timecode"], "00:01:00;02");
+    EXPECT_EQ(package["tracks"][1].dump(),
+              R"({"id":2,"number":"0x15010501","name":"","kind":"picture","edit_rate":"30000/1001","origin":0,)"
+              R"("duration":5,"start_timecode":null})");
+    EXPECT_EQ(package["descriptors"][0]["class"], "GenericPictureEssenceDescriptor");
+    EXPECT_EQ(package["descriptors"][0]["linked_track"], 2);
+    EXPECT_EQ(package["descriptors"][0]["properties"]["sampleRate"], "30000/1001");
+    EXPECT_EQ(report["containers"][0].dump(),
+              R"({"body_sid":1,"index_sid":2,"wrapping":"frame","edit_rate":"30000/1001","duration":5,)"
+              R"("readable_edit_units":5,"size":600,"index":{"kind":"vbe","segments":1,"edit_units":5}})");
+}
+
+struct Case
+{
+    char const * name;
+    Bytes file;
+    Json readable;
+    Strings warnings;
+};
+
+void expectAll(std::vector<Case> const & cases)
+{
+    for (Case const & c : cases)
+    {
+        SCOPED_TRACE(c.name);
+        Json const report = reportOn(c.file);
+        ASSERT_FALSE(report.is_null());
+        EXPECT_EQ(report["containers"][0]["readable_edit_units"], c.readable);
+        EXPECT_EQ(report["warnings"].get<Strings>(), c.warnings);
+    }
+}
+
+TEST(InfoFacts, CountsByAnyIndex)
+{
+    Bytes const clip = packet(essenceKey(), counting(UNITS * VALUE_SIZE));
+    auto const clipWrapped = [&](Bytes const & footerIndex)
+    {
+        std::vector<FilePart> all = parts(footerIndex, metadata(CLIP_WRAPPED));
+        all[1].body = clip;
+        return MXFFile(all).bytes();
+    };
+    auto const with = [](Bytes const & footerIndex)
+    {
+        return MXFFile(parts(footerIndex)).bytes();
+    };
+    auto const repeatedIndex = [](std::vector<FilePart> & all)
+    {
+        all[0].index = all[2].index;
+        all[0].indexSID = 2;
+    };
+    expectAll({
+        {"none", with({}), 5, {}},
+        {"two segments", with(index(0, 2, 2) + fill(30) + index(2, 3, 3)), 5, {}},
+        {"repeated in the header", MXFFile(changed(repeatedIndex)).bytes(), 5, {}},
+        {"of one size", with(index(0, UNITS, 0, UNIT_SIZE)), 5, {}},
+        {"of one size, for as long as there is essence", with(index(0, 0, 0, UNIT_SIZE)), 5, {}},
+        {"without a rate", with(index(0, UNITS, UNITS, 0, 0)), 5, {}},
+        {"one entry more than edit units", with(index(0, UNITS, UNITS + 1)), 5, {}},
+        {"too short", with(index(0, 3, 3)), 5, {"the index of body SID 1 covers 3 of 5 edit units"}},
+        {"with a gap", with(index(0, 1, 1) + index(3, 2, 2)), 5, {"the index of body SID 1 covers 1 of 5 edit units"}},
+        {"fewer entries than edit units",
+         with(index(0, UNITS, 2)),
+         5,
+         {"the index table segment at offset " + std::to_string(MXFFile(parts()).offset(2) + MXFFile::PACK_SIZE) +
+              " has 2 entries for 5 edit units",
+          "the index of body SID 1 covers 2 of 5 edit units"}},
+        {"that lies",
+         with(index(0, UNITS, 0, UNIT_SIZE + 1)),
+         5,
+         {"the index of body SID 1 leads to places where no edit units begin"}},
+        {"a clip", clipWrapped(index(0, UNITS, 0, VALUE_SIZE)), 5, {}},
+        {"a clip without index", clipWrapped({}), nullptr, {}},
+    });
+}
+
+TEST(InfoFacts, NamesEachFault)
+{
+    UInt64 const footer = MXFFile(parts()).offset(2);
+    UInt64 const body = MXFFile(parts()).offset(1);
+    Bytes const whole = MXFFile(parts()).bytes();
+    Bytes const noFooter = whole.first(footer);
+    std::string const at = std::to_string(footer);
+    std::string const missing =
+        "the footer partition is missing: it should be at offset " + at + ", and the file ends at ";
+    std::string const noRIP = "there is no random index pack";
+    auto const lying = [](std::size_t part, std::function<void(Packs::PartitionPack &)> const & lie)
+    {
+        return MXFFile(changed([&](std::vector<FilePart> & all) { all[part].lie = lie; })).bytes();
+    };
+    auto const shifted = [&]
+    {
+        // Each entry of the pack leads 16 bytes too far.
+        Bytes file = whole;
+        for (std::size_t entry = 0; entry < 3; ++entry)
+            file[file.size() - 4 - 12 * entry - 1] ^= 0x10;
+        return file;
+    };
+    expectAll({
+        {"a stray byte behind all",
+         whole + hex("00"),
+         5,
+         {"1 bytes at offset " + std::to_string(whole.size()) + " are no packet"}},
+        {"no random index pack", MXFFile(parts(), false).bytes(), 5, {noRIP}},
+        {"no footer", noFooter, 5, {missing + at, noRIP}},
+        {"cut in the fourth edit unit",
+         whole.first(footer - UNIT_SIZE - 10),
+         3,
+         {"the packet at offset " + std::to_string(footer - 2 * UNIT_SIZE) +
+              " is cut: 90 of 100 bytes of its value are there",
+          missing + std::to_string(footer - UNIT_SIZE - 10), noRIP,
+          "the essence of body SID 1 ends after 3 of 5 edit units"}},
+        {"no body",
+         whole.first(body),
+         0,
+         {missing + std::to_string(body), noRIP, "the essence of body SID 1 ends after 0 of 5 edit units"}},
+        {"a header that doesn't know the footer",
+         lying(0, [](auto & pack) { pack.footerPartition(0); }),
+         5,
+         {"the header partition doesn't tell of the footer partition at offset " + at}},
+        {"bodies that don't, of any grid",
+         lying(1,
+               [](auto & pack)
+               {
+                   pack.footerPartition(0);
+                   pack.kagSize(131072);
+               }),
+         5,
+         {}},
+        {"a footer offset that lies",
+         lying(0, [](auto & pack) { pack.footerPartition(99); }),
+         5,
+         {"the header partition has the footer at offset 99, where it is not: it is at " + at}},
+        {"a previous partition that lies",
+         lying(2, [](auto & pack) { pack.previousPartition(0); }),
+         5,
+         {"the partition at offset " + at + " says that it follows the one at 0, and follows that at " +
+          std::to_string(body)}},
+        {"a loop of partitions",
+         lying(1, [=](auto & pack) { pack.previousPartition(footer); }),
+         5,
+         {"the partition at offset " + std::to_string(body) + " says that it follows the one at " + at +
+          ", and follows that at 0"}},
+        {"a body offset that lies",
+         lying(1, [](auto & pack) { pack.bodyOffset(99); }),
+         0,
+         {"99 bytes of body SID 1 should be ahead of offset " + std::to_string(body + MXFFile::PACK_SIZE) +
+              ", and 0 are",
+          "the essence of body SID 1 ends after 0 of 5 edit units"}},
+        {"a random index pack that lies",
+         shifted(),
+         5,
+         {"the random index pack lists a partition at offset 16, where there is none; 2 more like this",
+          "the random index pack lacks the partition at offset 0; 2 more like this"}},
+        {"another pattern",
+         lying(1, [](auto & pack) { pack.operationalPattern(Types::UniversalLabel(hex(CLIP_WRAPPED).data())); }),
+         5,
+         {"the partition at offset " + std::to_string(body) +
+          " has another operational pattern than the header partition"}},
+    });
+}
+
+}}}
