@@ -20,6 +20,9 @@ namespace Vantry { namespace Application {
 
 namespace {
 
+// Partitions are looked for, not into.
+Templates::SharedPtr<MetaMetadata::Dictionary> const NO_DICTIONARY;
+
 // Footers without much metadata, and what follows them, fit in here.
 UInt64 const TAIL_SIZE = 65536;
 
@@ -95,9 +98,8 @@ private:
     Warnings & warnings_;
 };
 
-FileLayout::FileLayout(DataIO::RandomAccessDataSource & file,
-                       Templates::SharedPtr<MetaMetadata::Dictionary> const & dictionary, Warnings & warnings) :
-    file_(file), size_(sizeOf(file)), reader_(file, dictionary, LONGEST_RUN_IN), ripOffset_(size_)
+FileLayout::FileLayout(DataIO::RandomAccessDataSource & file, Warnings & warnings) :
+    file_(file), size_(sizeOf(file)), reader_(file, NO_DICTIONARY, LONGEST_RUN_IN), ripOffset_(size_)
 {
     MXFIO::Partition * const header = reader_.headerPartition();
     if (header == nullptr)

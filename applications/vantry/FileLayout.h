@@ -25,8 +25,7 @@ public:
     /// \param file      lent, as the source of all partitions
     /// \param warnings  takes up what the search meets
     /// \throws Exceptions::IOError when the medium fails.
-    FileLayout(DataIO::RandomAccessDataSource & file, Templates::SharedPtr<MetaMetadata::Dictionary> const & dictionary,
-               Warnings & warnings);
+    FileLayout(DataIO::RandomAccessDataSource & file, Warnings & warnings);
 
     DataIO::RandomAccessDataSource & file() const { return file_; }
     UInt64 size() const { return size_; }

@@ -6,7 +6,6 @@
 #include "IndexSurvey.h"
 #include "LayoutFaults.h"
 #include "MXFIO/Partition.h"
-#include "MetaMetadata/Dictionary.h"
 #include "Metadata/MetadataSet.h"
 #include "MetadataChoice.h"
 #include "MetadataTree.h"
@@ -119,17 +118,16 @@ Json headerMetadataOf(MetadataChoice const & choice, MetadataTree const & tree, 
 }
 
 std::optional<Json> reportOf(std::string const & name, DataIO::RandomAccessDataSource & file,
-                             Schema::Tables const & tables,
-                             Templates::SharedPtr<MetaMetadata::Dictionary> const & dictionary)
+                             Schema::Tables const & tables)
 {
     Warnings warnings;
-    FileLayout const layout(file, dictionary, warnings);
+    FileLayout const layout(file, warnings);
     if (layout.partitions().empty())
         return std::nullopt;
 
     findLayoutFaults(layout, warnings);
     SetNames const names(tables);
-    MetadataChoice const choice = chooseMetadata(layout, dictionary, warnings);
+    MetadataChoice const choice = chooseMetadata(layout, tables, warnings);
     MetadataTree const tree(*choice.header.metadata, names);
     warnings.add(tree.warnings());
     StreamIndexes const indexes = readIndexes(layout, warnings);

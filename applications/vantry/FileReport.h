@@ -1,7 +1,6 @@
 #pragma once
 
 #include "Schema/Tables.h"
-#include "Templates/SharedPtr.h"
 
 #include <nlohmann/json.hpp>
 #include <optional>
@@ -10,9 +9,6 @@
 namespace Vantry {
 namespace DataIO {
 class RandomAccessDataSource;
-}
-namespace MetaMetadata {
-class Dictionary;
 }
 
 namespace Application {
@@ -23,12 +19,10 @@ namespace Application {
 /// \param name        of the file, for the result
 /// \param file        lent
 /// \param tables      the schema of the metadata
-/// \param dictionary  of that schema
 /// \return none when the file has no header partition
 /// \throws Exceptions::IOError when the medium fails.
 std::optional<nlohmann::ordered_json> reportOf(std::string const & name, DataIO::RandomAccessDataSource & file,
-                                               Schema::Tables const & tables,
-                                               Templates::SharedPtr<MetaMetadata::Dictionary> const & dictionary);
+                                               Schema::Tables const & tables);
 
 }
 }

@@ -95,7 +95,7 @@ void InfoCommand::showFile(CommonOptions const & common, Output & output) const
 {
     SchemaInUse const schema(common.dictionary);
     std::unique_ptr<DataIO::RandomAccessDataSource> const file = openRandomAccess(file_);
-    std::optional<Json> const report = reportOf(file_, *file, schema.tables(), Schema::makeDictionary(schema.tables()));
+    std::optional<Json> const report = reportOf(file_, *file, schema.tables());
     if (!report)
         throw Failure(ExitStatus::FAILED, file_, NO_PARTITION);
 

@@ -1,6 +1,7 @@
 #include "MetadataChoice.h"
 
 #include "DataIO/RandomAccessDataSource.h"
+#include "FileDictionary.h"
 #include "FileLayout.h"
 #include "MXFIO/Partition.h"
 #include "Metadata/MetadataKeys.h"
@@ -62,8 +63,7 @@ UInt64 bytesOfMetadata(FileLayout const & layout, Candidate const & candidate, W
 
 }
 
-MetadataChoice chooseMetadata(FileLayout const & layout,
-                              Templates::SharedPtr<MetaMetadata::Dictionary> const & dictionary, Warnings & warnings)
+MetadataChoice chooseMetadata(FileLayout const & layout, Schema::Tables const & tables, Warnings & warnings)
 {
     std::vector<Candidate> candidates = candidatesIn(layout);
     if (candidates.empty())
@@ -74,7 +74,7 @@ MetadataChoice chooseMetadata(FileLayout const & layout,
     {
         UInt64 const size = bytesOfMetadata(layout, candidates[i], warnings);
         layout.file().seek(candidates[i].partition->metadataAbsoluteOffset());
-        HeaderMetadata header = readHeaderMetadata(layout.file(), size, dictionary);
+        HeaderMetadata header = readHeaderMetadata(layout.file(), size, dictionaryFor(layout.file(), size, tables));
         warnings.add(header.warnings);
         bool const isGood = hasPreface(header);
         if (choice.partition == nullptr || isGood)

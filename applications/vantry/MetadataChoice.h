@@ -1,6 +1,7 @@
 #pragma once
 
 #include "HeaderMetadata.h"
+#include "Schema/Tables.h"
 
 namespace Vantry {
 namespace MXFIO {
@@ -25,8 +26,7 @@ struct MetadataChoice
 /// Metadata without a Preface don't count where there are others.
 ///
 /// \throws Exceptions::IOError when the medium fails.
-MetadataChoice chooseMetadata(FileLayout const & layout,
-                              Templates::SharedPtr<MetaMetadata::Dictionary> const & dictionary, Warnings & warnings);
+MetadataChoice chooseMetadata(FileLayout const & layout, Schema::Tables const & tables, Warnings & warnings);
 
 }
 }

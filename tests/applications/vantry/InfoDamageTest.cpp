@@ -2,7 +2,7 @@
 // and never more edit units the shorter a file is.
 
 #include "FileReport.h"
-#include "Schema/Dictionaries.h"
+#include "Schema/Tables.h"
 #include "support/BytesSource.h"
 #include "support/FileBytes.h"
 #include "support/Samples.h"
@@ -36,7 +36,7 @@ protected:
     std::map<unsigned int, UInt64> readable(Bytes const & file) const
     {
         BytesSource source(file);
-        auto const report = Application::reportOf("file", source, Schema::builtInTables(), dictionary_);
+        auto const report = Application::reportOf("file", source, Schema::builtInTables());
         std::map<unsigned int, UInt64> units;
         if (report)
             for (auto const & container : (*report)["containers"])
@@ -47,9 +47,6 @@ protected:
 
     Bytes whole_;
     std::mt19937 random_{1};
-
-private:
-    Templates::SharedPtr<MetaMetadata::Dictionary> dictionary_ = Schema::builtInDictionary();
 };
 
 TEST_P(InfoDamage, NeverMakesMoreOfLess)

@@ -35,9 +35,8 @@ UInt64 const UNIT_SIZE = 20 + VALUE_SIZE;
 
 Json reportOn(Bytes const & file)
 {
-    static auto const dictionary = ::Vantry::Schema::builtInDictionary();
     BytesSource source(file);
-    auto const report = Application::reportOf("file", source, ::Vantry::Schema::builtInTables(), dictionary);
+    auto const report = Application::reportOf("file", source, ::Vantry::Schema::builtInTables());
     return report ? *report : Json();
 }
 
