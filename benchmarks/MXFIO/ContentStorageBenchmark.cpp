@@ -11,6 +11,7 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <random>
+#include <string>
 #include <unistd.h>
 
 using namespace Vantry;
@@ -26,7 +27,9 @@ class DiskFile
 {
 public:
     explicit DiskFile(unsigned int editUnitSize) :
-        editUnitSize_(editUnitSize), path_(std::filesystem::temp_directory_path() / "vantry-essence-benchmark.mxf")
+        editUnitSize_(editUnitSize),
+        path_(std::filesystem::temp_directory_path() /
+              ("vantry-essence-benchmark-" + std::to_string(getpid()) + ".mxf"))
     {
         Bytes body;
         body.reserve(ESSENCE_SIZE + editUnitSize);

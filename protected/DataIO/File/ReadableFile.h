@@ -46,7 +46,7 @@ private:
     UInt64 readBeyondWindow(unsigned char * destination, UInt64 howMuch);
     UInt64 takeFromWindow(UInt64 position, unsigned char * destination, UInt64 howMuch) noexcept;
     void moveWindow(UInt64 position, UInt64 atLeast);
-    void adaptWindow() noexcept;
+    void adaptWindow(UInt64 position) noexcept;
     UInt64 readFile(UInt64 position, unsigned char * destination, UInt64 howMuch);
 
     UInt64 windowStart_;
@@ -54,6 +54,10 @@ private:
 
     /// How far into the window reading has come.
     UInt64 reached_;
+
+    /// Bytes of the windows that this one adjoins: how much was read since the
+    /// position was last set elsewhere.
+    UInt64 readAhead_;
 
     /// Size of the next window.
     UInt64 wantedSize_;

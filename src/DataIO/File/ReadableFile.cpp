@@ -12,9 +12,6 @@ namespace {
 // Less is not worth a call to the system.
 UInt64 const SMALLEST_WINDOW = 4096;
 
-// A window of which less than this part was reached is too large.
-UInt64 const SCARCELY_USED = 8;
-
 }
 
 ReadableFile::ReadableFile(unsigned short const * name, int bufferSize) :
@@ -22,6 +19,7 @@ ReadableFile::ReadableFile(unsigned short const * name, int bufferSize) :
     windowStart_(0),
     windowSize_(0),
     reached_(0),
+    readAhead_(0),
     wantedSize_(bufferSize_)
 {
 }
@@ -57,7 +55,7 @@ UInt64 ReadableFile::takeFromWindow(UInt64 position, unsigned char * destination
 
 void ReadableFile::moveWindow(UInt64 position, UInt64 atLeast)
 {
-    adaptWindow();
+    adaptWindow(position);
     UInt64 const size = std::min(std::max(wantedSize_, atLeast), size_ - position);
     if (buffer_.size() < size)
         buffer_.resize(size);
@@ -68,17 +66,20 @@ void ReadableFile::moveWindow(UInt64 position, UInt64 atLeast)
     reached_ = 0;
 }
 
-// A walk over large packets wants a few bytes here and there, and filling the
-// whole buffer for them would cost more than all the rest.
-void ReadableFile::adaptWindow() noexcept
+// A walk over large packets wants a few bytes here and there, and a read of edit
+// units in any order some more: a window elsewhere is as large as what was read
+// in one go before, and a little over, but no less than half of the last. One that
+// goes on is larger.
+void ReadableFile::adaptWindow(UInt64 position) noexcept
 {
     if (windowSize_ == 0)
         return;
 
-    if (reached_ < windowSize_ / SCARCELY_USED)
-        wantedSize_ = std::max(wantedSize_ / 2, std::min<UInt64>(SMALLEST_WINDOW, bufferSize_));
-    else
-        wantedSize_ = std::min<UInt64>(wantedSize_ * 2, bufferSize_);
+    bool const goesOn = position == windowStart_ + windowSize_;
+    UInt64 const run = readAhead_ + (goesOn ? windowSize_ : reached_);
+    UInt64 const wanted = goesOn ? wantedSize_ * 2 : std::max({run + run / 8, wantedSize_ / 2, SMALLEST_WINDOW});
+    wantedSize_ = std::min<UInt64>(wanted, bufferSize_);
+    readAhead_ = goesOn ? run : 0;
 }
 
 UInt64 ReadableFile::readFile(UInt64 position, unsigned char * destination, UInt64 howMuch)
