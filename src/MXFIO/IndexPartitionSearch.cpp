@@ -53,7 +53,7 @@ Templates::SharedPtr<IndexTables::IndexTableSegmentWithGOPInfo> IndexPartitionSe
         if (at == NONE)
             break;
 
-        Templates::SharedPtr<IndexTables::IndexTableSegmentWithGOPInfo> const found = cache_.segment(editUnit);
+        Templates::SharedPtr<IndexTables::IndexTableSegmentWithGOPInfo> found = cache_.segment(editUnit);
         if (found.get() != nullptr)
             return found;
 

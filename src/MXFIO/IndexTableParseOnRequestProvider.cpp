@@ -29,7 +29,7 @@ Templates::SharedPtr<IndexTables::IndexTableSegmentWithGOPInfo> IndexTableParseO
             break;
 
         loadSegments(reader_, *partition, indexSID_, cache());
-        Templates::SharedPtr<IndexTables::IndexTableSegmentWithGOPInfo> const found = cache().segment(editUnit);
+        Templates::SharedPtr<IndexTables::IndexTableSegmentWithGOPInfo> found = cache().segment(editUnit);
         if (found.get() != nullptr)
             return found;
     }
