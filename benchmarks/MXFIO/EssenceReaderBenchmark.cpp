@@ -22,26 +22,32 @@ using namespace Vantry::Tests;
 
 namespace {
 
-unsigned int const UNITS = 2000;
+unsigned int const TRACKS = 5;
+std::size_t const FILE_SIZE = 100000000;
 std::size_t const BLOCK = 131072;
-int const BUFFER_SIZE = 65536;
 
-// A file on disk with picture and four tracks of sound in packets of one size,
-// and an index entry for each edit unit.
+// Edit units of a file with values of this size.
+unsigned int unitsOf(std::size_t valueSize)
+{
+    return static_cast<unsigned int>(FILE_SIZE / TRACKS / valueSize);
+}
+
+// A file on disk of 100 MB with picture and four tracks of sound in packets of
+// one size, and an index entry for each edit unit.
 class DiskFile
 {
 public:
     explicit DiskFile(std::size_t valueSize) :
         path_(std::filesystem::temp_directory_path() / "vantry-essence-benchmark.mxf")
     {
-        EssenceContainer container = {1, 25, UNITS, {PICTURE_ELEMENT}};
-        for (unsigned int i = 1; i <= 4; ++i)
+        EssenceContainer container = {1, 25, unitsOf(valueSize), {PICTURE_ELEMENT}};
+        for (unsigned int i = 1; i < TRACKS; ++i)
             container.trackNumbers.push_back(SOUND_ELEMENT + i);
         container.valueSize = valueSize;
 
         packages_.addContainer(container);
-        for (unsigned int i = 1; i <= 5; ++i)
-            packages_.addTrack(packages_.material, i, 0, 25, UNITS, {{1, i, 0, UNITS}});
+        for (unsigned int i = 1; i <= TRACKS; ++i)
+            packages_.addTrack(packages_.material, i, 0, 25, container.units, {{1, i, 0, container.units}});
         writeFile(path_, MXFFile({{HEADER}, container.part(), {FOOTER}}).bytes());
     }
 
@@ -61,7 +67,7 @@ private:
 struct Player
 {
     explicit Player(DiskFile const & file) :
-        source(Platform::stringToWstring(file.path().c_str()).c_str(), BUFFER_SIZE),
+        source(Platform::stringToWstring(file.path().c_str()).c_str(), -1),
         reader(source, Tests::Schema().dictionary(), SEARCH_LIMIT),
         essence(reader, file.packages().preface, file.packages().material, true, false, {})
     {
@@ -97,7 +103,7 @@ void readFileInBlocks(benchmark::State & state)
         ::close(descriptor);
     }
 }
-BENCHMARK(readFileInBlocks)->Arg(2000)->Arg(40000)->Unit(benchmark::kMillisecond);
+BENCHMARK(readFileInBlocks)->Arg(10000)->Arg(200000)->Unit(benchmark::kMillisecond);
 
 // Playing through a file in step costs little more than reading its bytes.
 void playInStep(benchmark::State & state)
@@ -111,7 +117,7 @@ void playInStep(benchmark::State & state)
     }
     state.SetLabel("at most 1.3 times readFileInBlocks");
 }
-BENCHMARK(playInStep)->Arg(2000)->Arg(40000)->Unit(benchmark::kMillisecond);
+BENCHMARK(playInStep)->Arg(10000)->Arg(200000)->Unit(benchmark::kMillisecond);
 
 // So does playing as it is stored.
 void playInFileOrder(benchmark::State & state)
@@ -126,49 +132,53 @@ void playInFileOrder(benchmark::State & state)
     }
     state.SetLabel("at most 1.3 times readFileInBlocks");
 }
-BENCHMARK(playInFileOrder)->Arg(2000)->Arg(40000)->Unit(benchmark::kMillisecond);
+BENCHMARK(playInFileOrder)->Arg(10000)->Arg(200000)->Unit(benchmark::kMillisecond);
 
 // The same edit units for all.
 class RandomUnits
 {
 public:
-    Int64 next() { return static_cast<Int64>(numbers_() % UNITS); }
+    explicit RandomUnits(std::size_t valueSize) : units_(unitsOf(valueSize)) {}
+
+    Int64 next() { return static_cast<Int64>(numbers_() % units_); }
 
 private:
+    unsigned int const units_;
     std::minstd_rand numbers_;
 };
 
-// A picture out of a file whose places are known beforehand.
+// An edit unit of all tracks out of a file whose places are known beforehand.
 void readPlaces(benchmark::State & state)
 {
     std::size_t const size = static_cast<std::size_t>(state.range(0));
     DiskFile const file(size);
-    std::vector<unsigned char> value(size);
+    std::vector<unsigned char> unit(TRACKS * (size + 20));
     int const descriptor = ::open(file.path().c_str(), O_RDONLY);
-    RandomUnits units;
+    RandomUnits units(size);
     for (auto _ : state)
     {
-        auto const offset = static_cast<off_t>(static_cast<std::size_t>(units.next()) * 5 * (size + 20));
-        benchmark::DoNotOptimize(::pread(descriptor, value.data(), value.size(), offset));
+        auto const offset = static_cast<off_t>(static_cast<std::size_t>(units.next()) * unit.size());
+        benchmark::DoNotOptimize(::pread(descriptor, unit.data(), unit.size(), offset));
     }
     ::close(descriptor);
 }
-BENCHMARK(readPlaces)->Arg(2000)->Arg(40000);
+BENCHMARK(readPlaces)->Arg(10000)->Arg(200000);
 
-// A seek to any time and the picture there.
+// A seek to any time and the essence of all tracks there.
 void seekAndRead(benchmark::State & state)
 {
     DiskFile const file(static_cast<std::size_t>(state.range(0)));
     Player player(file);
-    RandomUnits units;
+    RandomUnits units(static_cast<std::size_t>(state.range(0)));
     for (auto _ : state)
     {
         player.essence.seek({units.next(), 25});
-        player.next();
+        for (unsigned int i = 0; i < TRACKS; ++i)
+            player.next();
         benchmark::DoNotOptimize(player.value.data());
     }
     state.SetLabel("at most 1.5 times readPlaces");
 }
-BENCHMARK(seekAndRead)->Arg(2000)->Arg(40000);
+BENCHMARK(seekAndRead)->Arg(10000)->Arg(200000);
 
 }
