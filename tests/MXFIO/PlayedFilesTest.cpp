@@ -9,10 +9,10 @@
 #include "Metadata/Structural/Preface.h"
 #include "Metadata/Structural/PrefaceHelpers.h"
 #include "Metadata/Structural/TimelineTrack.h"
-#include "Schema/Dictionaries.h"
 #include "Types/Rational.h"
 #include "support/FFmpeg.h"
 #include "support/FileBytes.h"
+#include "support/HeaderMetadata.h"
 #include "support/OpenFile.h"
 #include "support/Samples.h"
 #include "support/UseReader.h"
@@ -33,7 +33,7 @@ class PlayedFile
 {
 public:
     explicit PlayedFile(Bytes bytes) :
-        source_(std::move(bytes)), reader_(source_, ::Vantry::Schema::builtInDictionary(), SEARCH_LIMIT)
+        source_(std::move(bytes)), reader_(source_, HeaderMetadata::dictionary(), SEARCH_LIMIT)
     {
         metadata_ = reader_.firstPartitionWithFinalMetadata()->metadata();
         Metadata::Structural::Preface const & preface = Metadata::Structural::findPreface(*metadata_);
