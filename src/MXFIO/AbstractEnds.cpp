@@ -5,6 +5,7 @@
 #include "MXFIO/CustomElementReaderFactory.h"
 #include "MXFIO/ElementReader.h"
 #include "MXFIO/IndexTableProvider.h"
+#include "MXFIO/KLVSource.h"
 #include "MXFIO/PartitionListener.h"
 #include "MXFIO/PartitionProvider.h"
 #include "MXFIO/SystemItemKLVPacketListener.h"
@@ -17,6 +18,7 @@ ElementReader::~ElementReader() = default;
 CustomElementReaderFactory::~CustomElementReaderFactory() = default;
 SystemItemKLVPacketListener::~SystemItemKLVPacketListener() = default;
 IndexTableProvider::~IndexTableProvider() = default;
+KLVSource::~KLVSource() = default;
 PartitionProvider::~PartitionProvider() = default;
 ContentStorageProfile::~ContentStorageProfile() = default;
 
