@@ -4,8 +4,8 @@
 #include "Exceptions/InvalidFormat.h"
 #include "Metadata/DMS1/DMS1MetadataKeys.h"
 #include "Metadata/DMS1/DMS1MetadataULs.h"
-#include "Metadata/PartitionMetadata.h"
 #include "Metadata/Structural/Accessors.h"
+#include "Metadata/Structural/CreateSet.h"
 #include "Metadata/Structural/DMSegment.h"
 #include "Metadata/Structural/DataDefinitionULs.h"
 #include "Metadata/Structural/Sequence.h"
@@ -42,8 +42,8 @@ MetadataSet * createClipFramework(PartitionMetadata & metadata, Structural::Time
     Structural::Sequence * const sequence = track->sequence();
     VANTRY_CHECK_TEXT(sequence != nullptr, "sequence != 0", InvalidFormat, "Track has no sequence");
 
-    auto & segment = dynamic_cast<Structural::DMSegment &>(
-        *metadata.createMetadataSet(Structural::StructuralMetadataKeys::dmSegment()));
+    auto & segment =
+        Structural::createSet<Structural::DMSegment>(metadata, Structural::StructuralMetadataKeys::dmSegment());
     segment.dataDefinition(&Structural::DataDefinitionULs::descriptiveMetadata());
     sequence->addStructuralComponent(0, &segment);
 

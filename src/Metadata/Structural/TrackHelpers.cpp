@@ -3,7 +3,7 @@
 #include "Exceptions/Check.h"
 #include "Exceptions/InvalidFormat.h"
 #include "Exceptions/InvalidValue.h"
-#include "Metadata/PartitionMetadata.h"
+#include "Metadata/Structural/CreateSet.h"
 #include "Metadata/Structural/DataDefinitionULs.h"
 #include "Metadata/Structural/GenericPackage.h"
 #include "Metadata/Structural/Sequence.h"
@@ -27,12 +27,6 @@ Types::UniversalLabel const * dataDefinitionOf(Track const * track)
 {
     Sequence const * const sequence = track != nullptr ? track->sequence() : nullptr;
     return sequence != nullptr ? sequence->dataDefinition() : nullptr;
-}
-
-template <class Set>
-Set & createSet(PartitionMetadata & metadata, KLV::Key const & key)
-{
-    return dynamic_cast<Set &>(*metadata.createMetadataSet(key));
 }
 
 void removeSet(PartitionMetadata & metadata, MetadataSet const & set)
