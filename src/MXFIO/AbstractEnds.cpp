@@ -1,9 +1,12 @@
 // Classes for others to derive from; their tables of functions are here.
 
 #include "MXFIO/AbstractPartition.h"
+#include "MXFIO/AbstractSIDGenerator.h"
 #include "MXFIO/ContentStorageProfile.h"
+#include "MXFIO/CreatorListener.h"
 #include "MXFIO/CustomElementReaderFactory.h"
 #include "MXFIO/ElementReader.h"
+#include "MXFIO/FutureUpdater.h"
 #include "MXFIO/IndexTableProvider.h"
 #include "MXFIO/KLVSource.h"
 #include "MXFIO/PartitionListener.h"
@@ -13,6 +16,9 @@
 namespace Vantry { namespace MXFIO {
 
 AbstractPartition::~AbstractPartition() = default;
+AbstractSIDGenerator::~AbstractSIDGenerator() = default;
+CreatorListener::~CreatorListener() = default;
+FutureUpdater::~FutureUpdater() = default;
 PartitionListener::~PartitionListener() = default;
 ElementReader::~ElementReader() = default;
 CustomElementReaderFactory::~CustomElementReaderFactory() = default;
