@@ -26,8 +26,7 @@ public:
     /// A partition was opened.
     ///
     /// \param packBytes  bytes of the pack and the fill item behind it
-    virtual void partitionCreated(UInt64 offset, Templates::SharedPtr<Packs::PartitionPack> pack,
-                                  UInt64 packBytes) = 0;
+    virtual void partitionCreated(UInt64 offset, Templates::SharedPtr<Packs::PartitionPack> pack, UInt64 packBytes) = 0;
 
     /// A source will have bytes to write again, of the piece that starts here.
     virtual void updaterCreated(UInt64 offset, Templates::SharedPtr<FutureUpdater> updater) = 0;

@@ -1,6 +1,7 @@
 // Classes for others to derive from; their tables of functions are here.
 
 #include "MXFIO/AbstractPartition.h"
+#include "MXFIO/AbstractPartitionWriter.h"
 #include "MXFIO/AbstractSIDGenerator.h"
 #include "MXFIO/ContentStorageProfile.h"
 #include "MXFIO/CreatorListener.h"
@@ -16,6 +17,7 @@
 namespace Vantry { namespace MXFIO {
 
 AbstractPartition::~AbstractPartition() = default;
+AbstractPartitionWriter::~AbstractPartitionWriter() = default;
 AbstractSIDGenerator::~AbstractSIDGenerator() = default;
 CreatorListener::~CreatorListener() = default;
 FutureUpdater::~FutureUpdater() = default;
