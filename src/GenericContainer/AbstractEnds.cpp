@@ -2,6 +2,7 @@
 
 #include "GenericContainer/CompoundAnalyzer.h"
 #include "GenericContainer/DataAnalyzer.h"
+#include "GenericContainer/GenericContainerIndexTableGenerator.h"
 #include "GenericContainer/NullEssenceProvider.h"
 #include "GenericContainer/PictureAnalyzer.h"
 #include "GenericContainer/SoundAnalyzer.h"
@@ -11,6 +12,7 @@ namespace Vantry { namespace GenericContainer {
 
 EssenceAnalyzer::~EssenceAnalyzer() = default;
 NullEssenceProvider::~NullEssenceProvider() = default;
+GenericContainerIndexTableGenerator::~GenericContainerIndexTableGenerator() = default;
 
 KLV::Key EssenceAnalyzer::proposeKey(KLV::Key const & key)
 {

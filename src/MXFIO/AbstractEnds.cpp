@@ -8,6 +8,7 @@
 #include "MXFIO/CustomElementReaderFactory.h"
 #include "MXFIO/ElementReader.h"
 #include "MXFIO/FutureUpdater.h"
+#include "MXFIO/IndexTableGenerator.h"
 #include "MXFIO/IndexTableProvider.h"
 #include "MXFIO/KLVSource.h"
 #include "MXFIO/PartitionListener.h"
@@ -25,6 +26,7 @@ PartitionListener::~PartitionListener() = default;
 ElementReader::~ElementReader() = default;
 CustomElementReaderFactory::~CustomElementReaderFactory() = default;
 SystemItemKLVPacketListener::~SystemItemKLVPacketListener() = default;
+IndexTableGenerator::~IndexTableGenerator() = default;
 IndexTableProvider::~IndexTableProvider() = default;
 KLVSource::~KLVSource() = default;
 PartitionProvider::~PartitionProvider() = default;
