@@ -168,7 +168,8 @@ public:
             return countFrom(0);
         }
         warnings_.add(ofLast.all());
-        return known - 1 + wholeUnits(last, first.elements);
+        bool const firstIsLast = known == 1;
+        return known - 1 + wholeUnits(last, firstIsLast ? tracks_ : first.elements);
     }
 
 private:
