@@ -87,7 +87,8 @@ protected:
 
 private:
     UInt64 spareSpace(UInt64 metadataSize) const;
-    void writeMetadata(Metadata::PartitionMetadata & metadata, DataIO::DataSink & sink) const;
+    void serializeMetadata(Metadata::PartitionMetadata & metadata, UInt64 headerByteCount,
+                           DataIO::DataSink & sink) const;
 
     UInt64 metadataSpareSpace_;
     UInt64 metadataMaximumSpace_;

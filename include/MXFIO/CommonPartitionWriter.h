@@ -78,6 +78,10 @@ protected:
                         Templates::auto_ptr<Types::Batch> essenceContainers, bool writeMetadata, bool writeIndex,
                         bool writeEssence, bool isFooter, unsigned int kagSize) const;
 
+    /// Writes a pack, and the fill item up to the grid.
+    static WrittenPack serializePack(Templates::SharedPtr<Packs::PartitionPack> const & pack, unsigned int grid,
+                                     DataIO::DataSink & sink);
+
     /// Whether a partition has been written.
     bool partitionWritten() const { return partitionWritten_; }
 
