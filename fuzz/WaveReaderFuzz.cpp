@@ -3,12 +3,10 @@
 //
 // Input: one byte for how much to read at once, and the stream.
 
-#include "DataIO/BufferSliceSource.h"
-#include "DataIO/Memory/MemoryBlockFactory.h"
 #include "Essence/Converters/S331MMuxHelpers/PCMWaveReader.h"
 #include "Exceptions/BaseException.h"
+#include "support/QueuedBytes.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 
@@ -16,17 +14,6 @@ namespace {
 
 using namespace Vantry;
 using Essence::Converters::S331MMuxHelpers::PCMWaveReader;
-
-Templates::SharedPtr<DataIO::SliceSource> sourceOf(DataIO::Block * block, UInt64 size)
-{
-    auto * const queue = new DataIO::BufferSliceSource;
-    Templates::SharedPtr<DataIO::SliceSource> source(queue);
-    for (UInt64 at = 0; at < size; at += 100)
-        queue->write(
-            Templates::auto_ptr<DataIO::Slice>(new DataIO::Slice(block, at, std::min<UInt64>(100, size - at))));
-    queue->close();
-    return source;
-}
 
 void readAll(PCMWaveReader & reader, UInt64 size, UInt64 atOnce)
 {
@@ -47,11 +34,9 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const * data, std::size_t siz
 
     UInt64 const atOnce = UInt64(data[0]) + 1;
     UInt64 const streamSize = size - 1;
-    DataIO::BlockHolder const block = DataIO::Memory::MemoryBlockFactory::instance().create(streamSize);
-    std::copy_n(data + 1, streamSize, block.block()->data());
     try
     {
-        PCMWaveReader reader(sourceOf(block.block(), streamSize));
+        PCMWaveReader reader(Tests::queuedBytes(data + 1, streamSize));
         readAll(reader, streamSize, atOnce);
     }
     catch (Exceptions::BaseException const &)

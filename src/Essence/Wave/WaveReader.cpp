@@ -1,5 +1,6 @@
 #include "Essence/Wave/WaveReader.h"
 
+#include "Essence/RecordIn.h"
 #include "Exceptions/NotEnoughData.h"
 #include "Platform/LittleEndian.h"
 
@@ -30,14 +31,6 @@ struct LongSizes
 bool isText(char const * characters, char const * text)
 {
     return std::memcmp(characters, text, 4) == 0;
-}
-
-template <class Record>
-Record recordIn(DataIO::Slice const & slice)
-{
-    Record record;
-    std::memcpy(&record, slice.begin(), sizeof(Record));
-    return record;
 }
 
 }

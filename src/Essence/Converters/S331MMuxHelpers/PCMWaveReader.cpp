@@ -1,5 +1,6 @@
 #include "Essence/Converters/S331MMuxHelpers/PCMWaveReader.h"
 
+#include "Essence/RecordIn.h"
 #include "Exceptions/Check.h"
 #include "Exceptions/InvalidFormat.h"
 
@@ -19,14 +20,6 @@ UInt64 const LONGEST_FORMAT = 65536;
 unsigned short const FORMAT_TAG_ALAW = 6;
 
 char const * const NOT_PCM = "Wave file does not contain PCM essence";
-
-template <class Chunk>
-Chunk chunkIn(DataIO::Slice const & slice)
-{
-    Chunk chunk;
-    std::memcpy(static_cast<void *>(&chunk), slice.begin(), sizeof(Chunk));
-    return chunk;
-}
 
 }
 
@@ -54,7 +47,7 @@ void PCMWaveReader::handleFormatChunk(UInt64 chunkLength)
                  "Wave file Format chunk is shorter than expected");
 
     Templates::auto_ptr<DataIO::Slice> chunk = reader().readAligned(std::min(chunkLength, LONGEST_FORMAT));
-    unsigned short const formatTag = chunkIn<FormatBaseChunk>(*chunk).wFormatTag;
+    unsigned short const formatTag = recordIn<FormatBaseChunk>(*chunk).wFormatTag;
     switch (formatTag)
     {
     case Wave::FORMAT_TAG_PCM:
@@ -75,7 +68,7 @@ void PCMWaveReader::handleFormatPCMChunk(Templates::auto_ptr<DataIO::Slice> form
     VANTRY_CHECK_TEXT(formatChunk->size() >= sizeof(FormatPCMChunk), "formatChunk -> size () >= sizeof (FormatPCMChunk)",
                       InvalidFormat, "Wave file Format PCM chunk is shorter than expected");
 
-    decodePCMFormat(chunkIn<FormatPCMChunk>(*formatChunk));
+    decodePCMFormat(recordIn<FormatPCMChunk>(*formatChunk));
 }
 
 void PCMWaveReader::handleFormatExtensibleChunk(Templates::auto_ptr<DataIO::Slice> formatChunk)
@@ -86,7 +79,7 @@ void PCMWaveReader::handleFormatExtensibleChunk(Templates::auto_ptr<DataIO::Slic
                       "formatChunk -> size () >= sizeof (FormatExtensibleChunk)", InvalidFormat,
                       "Wave file Format Extensible chunk is shorter than expected");
 
-    auto const format = chunkIn<FormatExtensibleChunk>(*formatChunk);
+    auto const format = recordIn<FormatExtensibleChunk>(*formatChunk);
     VANTRY_CHECK_TEXT(
         std::memcmp(format.subFormat, FORMAT_EXTENSIBLE_PCM_LABEL, sizeof(FORMAT_EXTENSIBLE_PCM_LABEL)) == 0,
         "::memcmp (format -> subFormat, FORMAT_EXTENSIBLE_PCM_LABEL, sizeof (FORMAT_EXTENSIBLE_PCM_LABEL)) == 0",
