@@ -7,12 +7,17 @@
 #include "GenericContainer/PictureAnalyzer.h"
 #include "GenericContainer/SoundAnalyzer.h"
 #include "GenericContainer/SystemAnalyzer.h"
+#include "GenericContainer/SystemItemMetadataProvider.h"
+#include "GenericContainer/TimeCodeExtendedProvider.h"
 
 namespace Vantry { namespace GenericContainer {
 
 EssenceAnalyzer::~EssenceAnalyzer() = default;
 NullEssenceProvider::~NullEssenceProvider() = default;
 GenericContainerIndexTableGenerator::~GenericContainerIndexTableGenerator() = default;
+SystemItemMetadataProvider::~SystemItemMetadataProvider() = default;
+TimeCodeProvider::~TimeCodeProvider() = default;
+TimeCodeExtendedProvider::~TimeCodeExtendedProvider() = default;
 
 KLV::Key EssenceAnalyzer::proposeKey(KLV::Key const & key)
 {

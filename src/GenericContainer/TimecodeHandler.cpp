@@ -2,6 +2,7 @@
 
 #include "Exceptions/InvalidValue.h"
 #include "GenericContainer/EditUnit.h"
+#include "GenericContainer/RoundedUp.h"
 #include "GenericContainer/TimecodeInfo.h"
 #include "Metadata/PartitionMetadata.h"
 #include "Metadata/Structural/CreateSet.h"
@@ -36,12 +37,6 @@ Types::Length const UNKNOWN_LENGTH(-1);
 Seconds secondsOf(Rate const & value)
 {
     return {value.numerator(), value.denominator()};
-}
-
-Int64 roundedUp(Seconds const & value)
-{
-    Int64 const whole = value.numerator() / value.denominator();
-    return whole * value.denominator() < value.numerator() ? whole + 1 : whole;
 }
 
 TimeCode later(TimeCode const & timeCode, Int64 frames)
