@@ -1,0 +1,519 @@
+#include "MXFIO/Creator.h"
+
+#include "Exceptions/InvalidPosition.h"
+#include "Exceptions/InvalidValue.h"
+#include "MXFIO/KLVSource.h"
+#include "support/Failure.h"
+#include "support/MemoryEssence.h"
+#include "support/OpenFile.h"
+#include "support/WrittenFile.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <sstream>
+
+namespace Vantry { namespace MXFIO { namespace {
+
+using namespace Tests;
+using Packs::PartitionPack;
+using Templates::auto_ptr;
+using Faults = std::vector<std::string>;
+
+using Seconds = Templates::Rational<Int64>;
+
+// What a file is made of and how.
+struct FilePlan
+{
+    std::vector<EssencePlan> sources = {EssencePlan()};
+    IndexTableGeneration duringEssence = INDEX_NONE;
+    IndexTableGeneration afterEssence = INDEX_FOLLOWING;
+    UInt64 spareSpace = 0;
+    UInt64 runInSize = 0;
+    unsigned int goodWrites = ~0u;
+    std::function<void(Creator &)> set = [](Creator &) {
+    };
+};
+
+struct FileOf
+{
+    explicit FileOf(Bytes const & bytes) : source(bytes), file(source) {}
+    WrittenFile * operator->() { return &file; }
+
+    BytesSource source;
+    WrittenFile file;
+};
+
+// A creator at work, with all that it needs.
+class Making
+{
+public:
+    explicit Making(FilePlan const & plan = FilePlan()) :
+        file(plan.runInSize, plan.goodWrites), creator(new Creator(header.shared(), file, plan.spareSpace, 0))
+    {
+        plan.set(*creator);
+        for (EssencePlan const & source : plan.sources)
+            add(std::make_shared<EssencePlan>(source), plan);
+    }
+
+    Bytes const & write()
+    {
+        while (creator->writeUnit(false) != PullCreator::PullDone)
+            ;
+        return file.bytes;
+    }
+
+    // Goes back to all that can be done better then.
+    Bytes const & finish(UInt64 runInSize = 0)
+    {
+        creator->finishWork(file);
+        for (auto const & entry : creator->partitionPacks())
+        {
+            file.seek(runInSize + entry.first);
+            EXPECT_TRUE(creator->updatePartition(entry.first, true)) << entry.first;
+        }
+        return file.bytes;
+    }
+
+    EssenceMetadata header;
+    BytesFile file;
+    std::map<unsigned int, EssencePlanPtr> sources;
+    std::unique_ptr<Creator> creator;
+
+private:
+    void add(EssencePlanPtr const & source, FilePlan const & plan)
+    {
+        unsigned int const sid =
+            source->isStream ? creator->addGenericStream(auto_ptr<GenericStream::Source>(new MemoryStream(source, 9)),
+                                                         source->kagSize)
+                             : creator->addEssenceContainer(header.source(source), plan.duringEssence,
+                                                            plan.afterEssence, false, INDEX_AUTOMATIC);
+        sources[sid] = source;
+    }
+};
+
+// "Hmi1x4": a header partition with metadata, index, and four units of 100
+// bytes of stream 1.
+std::string layoutOf(WrittenFile const & file)
+{
+    std::string layout;
+    for (WrittenFile::Part const & part : file.parts())
+    {
+        layout += layout.empty() ? "" : " ";
+        layout += "HBF"[part.pack.partitionKind() - HEADER];
+        layout += part.headerBytes != 0 ? "m" : "";
+        layout += part.indexBytes != 0 ? "i" : "";
+        if (part.pack.bodySID() != 0)
+            layout += std::to_string(part.pack.bodySID()) + "x" + std::to_string(part.essenceBytes / 100);
+    }
+    return layout + (file.hasRIP() ? " R" : "");
+}
+
+// "10 6v 4c 5s": ten units, six of variable size, a clip in four pieces, a
+// generic stream of five units.
+std::vector<EssencePlan> sourcesOf(std::string const & text)
+{
+    std::vector<EssencePlan> plans;
+    std::istringstream words(text);
+    for (std::string word; words >> word;)
+    {
+        EssencePlan plan;
+        plan.units = static_cast<unsigned int>(std::stoi(word));
+        plan.growing = word.back() == 'v';
+        plan.isClip = word.back() == 'c';
+        plan.isStream = word.back() == 's';
+        plans.push_back(plan);
+    }
+    return plans;
+}
+
+// "units=4 rip=0": seconds are fifths.
+void set(Creator & creator, std::string const & settings)
+{
+    static std::map<std::string, void (PullCreator::*)(bool)> const FLAGS = {
+        {"rip", &Creator::writeRIP},
+        {"footer-metadata", &Creator::footerHasMetadata},
+        {"header-essence", &Creator::headerPartitionHasEssence},
+        {"header-index", &Creator::useFirstContainerForIndexTableGenerationOnHeader},
+        {"index-apart", &Creator::createSeparatePartitionsForIndex},
+    };
+    static std::map<std::string, void (PullCreator::*)(unsigned int)> const NUMBERS = {
+        {"units", &Creator::masterEditUnitsPerPartition},
+        {"metadata", &Creator::metadataRepetitionPeriod},
+    };
+    static std::map<std::string, void (PullCreator::*)(Seconds const &)> const SECONDS = {
+        {"seconds", &Creator::masterSecondsPerPartition},
+        {"turn", &Creator::partitionMultiplexPeriod},
+    };
+    std::istringstream words(settings);
+    for (std::string word; words >> word;)
+    {
+        std::string const name = word.substr(0, word.find('='));
+        unsigned int const value = static_cast<unsigned int>(std::stoi(word.substr(name.size() + 1)));
+        if (FLAGS.count(name) != 0)
+            (creator.*FLAGS.at(name))(value != 0);
+        else if (NUMBERS.count(name) != 0)
+            (creator.*NUMBERS.at(name))(value);
+        else
+            (creator.*SECONDS.at(name))(Seconds(value, 5));
+    }
+}
+
+TEST(Creator, OrdersThePartitions)
+{
+    struct Case
+    {
+        char const * sources;
+        char const * settings;
+        IndexTableGeneration duringEssence;
+        IndexTableGeneration afterEssence;
+        char const * layout;
+    };
+    Case const CASES[] = {
+        {"", "", INDEX_NONE, INDEX_NONE, "Hm Fm R"},
+        {"10", "rip=0 footer-metadata=0", INDEX_NONE, INDEX_NONE, "Hm1x10 F"},
+        {"0", "", INDEX_NONE, INDEX_FOLLOWING, "Hm1x0 Bi Fm R"},
+        {"10v", "", INDEX_NONE, INDEX_FOLLOWING, "Hm1x10 Bi Fm R"},
+        {"10", "", INDEX_FOLLOWING, INDEX_NONE, "Hmi1x10 Fm R"},
+        {"10", "header-essence=0", INDEX_FOLLOWING, INDEX_NONE, "Hm Bi1x10 Fm R"},
+        {"10", "header-essence=0 header-index=1", INDEX_FOLLOWING, INDEX_NONE, "Hmi B1x10 Fm R"},
+        {"10", "units=4", INDEX_NONE, INDEX_NONE, "Hm1x4 B1x4 B1x2 Fm R"},
+        {"10c", "units=4", INDEX_NONE, INDEX_NONE, "Hm1x10 Fm R"},
+        {"10", "seconds=1", INDEX_NONE, INDEX_NONE, "Hm1x5 B1x5 Fm R"},
+        {"10v", "units=4", INDEX_FOLLOWING, INDEX_FOLLOWING, "Hm1x4 Bi1x4 Bi1x2 Bi Fm R"},
+        {"10v", "units=4 index-apart=1", INDEX_FOLLOWING, INDEX_FOLLOWING, "Hm1x4 Bi B1x4 Bi B1x2 Bi Fm R"},
+        {"10", "units=4 metadata=1", INDEX_NONE, INDEX_NONE, "Hm1x4 Bm1x4 Bm1x2 Fm R"},
+        {"10", "units=2 metadata=3", INDEX_NONE, INDEX_NONE, "Hm1x2 B1x2 B1x2 Bm1x2 B1x2 Fm R"},
+        {"10 6", "", INDEX_NONE, INDEX_NONE, "Hm1x10 B3x6 Fm R"},
+        {"10 6", "header-essence=0", INDEX_NONE, INDEX_NONE, "Hm B3x6 B1x10 Fm R"},
+        {"10 6", "turn=1", INDEX_NONE, INDEX_NONE, "Hm1x5 B3x5 B1x5 B3x1 Fm R"},
+        {"10", "turn=1", INDEX_NONE, INDEX_NONE, "Hm1x5 B1x5 Fm R"},
+        {"10c 6", "turn=1", INDEX_NONE, INDEX_NONE, "Hm1x10 B3x5 B3x1 Fm R"},
+        {"10v 6v 0v", "", INDEX_NONE, INDEX_REPEATED, "Hm1x10 B3x6 B5x0 Bi Bi Fm R"},
+        {"10 6s", "metadata=1", INDEX_NONE, INDEX_NONE, "Hm1x10 B3x6 Fm R"},
+        {"6s 10", "metadata=1", INDEX_NONE, INDEX_NONE, "Hm B1x6 Bm3x10 Fm R"},
+    };
+    for (Case const & c : CASES)
+    {
+        SCOPED_TRACE(std::string(c.sources) + " " + c.settings);
+        FilePlan plan{sourcesOf(c.sources), c.duringEssence, c.afterEssence};
+        plan.set = [&](Creator & creator)
+        {
+            set(creator, c.settings);
+        };
+        EXPECT_EQ(layoutOf(FileOf(Making(plan).write()).file), c.layout);
+    }
+}
+
+// Of many settings one for each number, so that all meet each other.
+class Choice
+{
+public:
+    explicit Choice(unsigned int number) : rest_(number * 2654435761u) {}
+
+    unsigned int of(unsigned int howMany)
+    {
+        rest_ = rest_ * 1664525u + 1013904223u;
+        return (rest_ >> 16) % howMany;
+    }
+
+private:
+    unsigned int rest_;
+};
+
+EssencePlan essencePlan(Choice & choice)
+{
+    EssencePlan plan;
+    plan.units = 1 + choice.of(23);
+    plan.growing = choice.of(2) != 0;
+    plan.kagSize = choice.of(2) != 0 ? 256 : 1;
+    plan.isClip = choice.of(4) == 0;
+    plan.isStream = choice.of(4) == 0;
+    plan.patched = choice.of(2) != 0;
+    plan.emptyAnswers = choice.of(2);
+    return plan;
+}
+
+FilePlan filePlan(unsigned int number)
+{
+    Choice choice(number);
+    FilePlan plan;
+    plan.sources.clear();
+    for (unsigned int i = choice.of(4); i > 0; --i)
+        plan.sources.push_back(essencePlan(choice));
+    plan.duringEssence = static_cast<IndexTableGeneration>(choice.of(4));
+    plan.afterEssence = static_cast<IndexTableGeneration>(1 + choice.of(3));
+    plan.spareSpace = choice.of(2) * 5000;
+    plan.runInSize = choice.of(2) * 100;
+
+    unsigned int const repetition = choice.of(4);
+    unsigned int const units = choice.of(2) * 4;
+    Seconds const seconds(choice.of(3), 10);
+    Seconds const turn(choice.of(3), 8);
+    unsigned int const kagSize = choice.of(2) != 0 ? 512 : 1;
+    unsigned int const flags = choice.of(32);
+    auto const order = static_cast<PullCreator::SerializationOrder>(choice.of(3));
+    plan.set = [=](Creator & creator)
+    {
+        creator.metadataRepetitionPeriod(repetition);
+        creator.masterEditUnitsPerPartition(units);
+        creator.masterSecondsPerPartition(seconds);
+        creator.partitionMultiplexPeriod(turn);
+        creator.nonEssenceKAGSize(kagSize);
+        creator.headerPartitionHasEssence((flags & 1) != 0);
+        creator.createSeparatePartitionsForIndex((flags & 2) != 0);
+        creator.useFirstContainerForIndexTableGenerationOnHeader((flags & 4) != 0);
+        creator.runInKagAligned((flags & 8) != 0);
+        creator.footerHasMetadata((flags & 16) != 0);
+        creator.serializationOrder(order);
+    };
+    return plan;
+}
+
+// The bytes of each stream, joined over its partitions.
+std::map<unsigned int, Bytes> streamsOf(Bytes const & bytes, WrittenFile const & file)
+{
+    std::map<unsigned int, Bytes> streams;
+    for (WrittenFile::Part const & part : file.parts())
+    {
+        auto const start = bytes.begin() + static_cast<std::ptrdiff_t>(file.runInSize() + part.offset + part.packBytes +
+                                                                       part.headerBytes + part.indexBytes);
+        if (part.pack.bodySID() != 0)
+            streams[part.pack.bodySID()] += Bytes(start, start + static_cast<std::ptrdiff_t>(part.essenceBytes));
+    }
+    return streams;
+}
+
+// How many edit units the segments of each index have, those told twice once.
+std::map<unsigned int, std::size_t> indexedUnits(WrittenFile const & file)
+{
+    std::map<unsigned int, std::set<Int64>> units;
+    for (WrittenFile::Part const & part : file.parts())
+        for (auto const & segment : part.segments)
+            for (unsigned int i = 0; i < segment->indexEntryCount(); ++i)
+                units[part.pack.indexSID()].insert(segment->indexStartPosition().value() + i);
+
+    std::map<unsigned int, std::size_t> counts;
+    for (auto const & entry : units)
+        counts[entry.first] = entry.second.size();
+    return counts;
+}
+
+TEST(Creator, IsExactWithAnySettings)
+{
+    for (unsigned int number = 0; number < 600 && !testing::Test::HasFailure(); ++number)
+    {
+        SCOPED_TRACE(number);
+        FilePlan const plan = filePlan(number);
+        Making making(plan);
+        EXPECT_EQ(FileOf(making.write())->faults(false), Faults());
+
+        FileOf written(making.finish(plan.runInSize));
+        EXPECT_EQ(written->faults(), Faults());
+        EXPECT_EQ(written->runInSize(), plan.runInSize);
+
+        auto streams = streamsOf(making.file.bytes, written.file);
+        auto units = indexedUnits(written.file);
+        EXPECT_EQ(streams.size(), making.sources.size());
+        making.creator.reset();
+        for (auto const & entry : making.sources)
+        {
+            EssencePlan & source = *entry.second;
+            if (source.patched)
+                source.given[20] = 0xEE;
+            EXPECT_EQ(streams[entry.first], source.given);
+            EXPECT_EQ(source.finalized, !source.isStream);
+            EXPECT_EQ(source.alive, 0);
+            EXPECT_EQ(units[entry.first + 1], source.growing && !source.isStream ? source.units : 0);
+        }
+    }
+}
+
+// A lie about any place or size shows: what finds none above could.
+TEST(Creator, WrittenFileSeesWhatIsWrong)
+{
+    FilePlan plan{sourcesOf("10v"), INDEX_FOLLOWING, INDEX_FOLLOWING};
+    plan.sources.front().kagSize = 256;
+    plan.set = [](Creator & creator)
+    {
+        set(creator, "units=4");
+    };
+    Making making(plan);
+    making.write();
+    Bytes const bytes = making.finish();
+
+    // Last bytes of the fields of a pack, and of the random index pack.
+    UInt64 const FIELDS[] = {13, 21, 23, 27, 35, 43, 51, 59, 67, 71, 79, 83};
+    UInt64 const KAG_SIZE = 27;
+    std::vector<UInt64> places = {bytes.size() - 1, bytes.size() - 5, bytes.size() - 13};
+    FileOf const written(bytes);
+    for (WrittenFile::Part const & part : written.file.parts())
+        for (UInt64 const field : FIELDS)
+            if (field != KAG_SIZE || part.pack.kagSize() > 1)
+                places.push_back(part.offset + field);
+    EXPECT_GT(places.size(), 50u);
+    for (UInt64 const place : places)
+    {
+        Bytes lying = bytes;
+        lying[place] ^= 1;
+        EXPECT_NE(FileOf(lying)->faults(), Faults()) << place;
+    }
+}
+
+TEST(Creator, ReadsExternalEssenceAndDropsIt)
+{
+    Making making(FilePlan{{}});
+    auto const plan = std::make_shared<EssencePlan>();
+    EXPECT_EQ(
+        making.creator->addEssenceContainer(making.header.source(plan), INDEX_NONE, INDEX_NONE, true, INDEX_AUTOMATIC),
+        0u);
+    EXPECT_EQ(layoutOf(FileOf(making.write()).file), "Hm Fm R");
+    EXPECT_EQ(plan->given.size(), 1000u);
+    EXPECT_TRUE(plan->finalized);
+    EXPECT_EQ(making.header.storage.essenceContainerDataCount(), 0u);
+}
+
+struct OneSID : AbstractSIDGenerator
+{
+    OneSID(unsigned int body, unsigned int index) : bodySID_(body), indexSID_(index) {}
+    unsigned int bodySID(unsigned int) override { return bodySID_; }
+    unsigned int indexSID(unsigned int) override { return indexSID_; }
+
+    unsigned int bodySID_;
+    unsigned int indexSID_;
+};
+
+TEST(Creator, RefusesStreamNumbers)
+{
+    auto const plan = std::make_shared<EssencePlan>();
+    Making making(FilePlan{{}});
+    auto const add = [&](unsigned int bodySID, unsigned int indexSID)
+    {
+        making.creator->sidGenerator(auto_ptr<AbstractSIDGenerator>(new OneSID(bodySID, indexSID)));
+        return making.creator->addEssenceContainer(making.header.source(plan), INDEX_NONE, INDEX_NONE, false,
+                                                   INDEX_AUTOMATIC);
+    };
+    EXPECT_FAILURE(InvalidValue, "sidGenerator.get () != 0: SID Generator must be valid object!",
+                   making.creator->sidGenerator(auto_ptr<AbstractSIDGenerator>()));
+    EXPECT_FAILURE(InvalidValue, "currentBodySID > 0: BodySID value must be greater than 0!", add(0, 1));
+    EXPECT_FAILURE(InvalidValue, "currentIndexSID > 0: IndexSID value must be greater than 0!", add(1, 0));
+    EXPECT_EQ(add(7, 8), 7u);
+    EXPECT_FAILURE(InvalidValue, "handlers_.find (bodySID) == handlers_.end (): BodySID value is used already!",
+                   add(7, 9));
+    EXPECT_EQ(plan->alive, 1);
+    EXPECT_EQ(making.creator->creatorSources().count(7), 1u);
+}
+
+// A pull that fails counts for nothing; the next one goes on.
+TEST(Creator, GoesOnBehindAFailureOfASource)
+{
+    FilePlan plan;
+    plan.sources.front().failsAt = 5;
+    Making making(plan);
+    EXPECT_FAILURE(InvalidFormat, "a bad unit", making.write());
+    EXPECT_EQ(making.creator->status(), PullCreator::PullBody);
+    FileOf written(making.write());
+    EXPECT_EQ(written->faults(false), Faults());
+    EXPECT_EQ(layoutOf(written.file), "Hm1x10 Bi Fm R");
+}
+
+TEST(Creator, LeavesNothingBehindWhenTheSinkFails)
+{
+    FilePlan plan{sourcesOf("10v 6s"), INDEX_FOLLOWING, INDEX_FOLLOWING};
+    plan.set = [](Creator & creator)
+    {
+        set(creator, "units=4 turn=1");
+    };
+    bool failed = true;
+    for (plan.goodWrites = 0; failed; ++plan.goodWrites)
+    {
+        Making making(plan);
+        try
+        {
+            making.write();
+            failed = false;
+        }
+        catch (Exceptions::IOError const &)
+        {
+        }
+        making.creator.reset();
+        for (auto const & entry : making.sources)
+            EXPECT_EQ(entry.second->alive, 0) << plan.goodWrites;
+        EXPECT_EQ(FirstBytePatch::blocks().alive(), 0) << plan.goodWrites;
+    }
+    EXPECT_GT(plan.goodWrites, 20u);
+}
+
+TEST(Creator, EveryPrefixOpens)
+{
+    FilePlan plan{sourcesOf("10v 6s"), INDEX_FOLLOWING, INDEX_FOLLOWING};
+    plan.set = [](Creator & creator)
+    {
+        set(creator, "units=4 turn=1");
+    };
+    Making making(plan);
+    Bytes const bytes = making.write();
+    FileOf const written(bytes);
+    std::vector<WrittenFile::Part> const & parts = written.file.parts();
+    ASSERT_GT(parts.size(), 3u);
+
+    for (UInt64 size = parts[1].offset + parts[1].packBytes; size <= bytes.size(); size += 31)
+    {
+        SCOPED_TRACE(size);
+        OpenFile prefix(bytes.first(size));
+        Partition * const header = prefix.reader.headerPartition();
+        ASSERT_NE(header, nullptr);
+        EXPECT_GE(header->metadata()->size(), 4u);
+
+        auto const isWhole = [&](WrittenFile::Part const & part)
+        {
+            return part.offset + part.packBytes <= size;
+        };
+        EXPECT_EQ(offsetsForward(prefix.reader).size(),
+                  static_cast<std::size_t>(std::count_if(parts.begin(), parts.end(), isWhole)));
+    }
+}
+
+TEST(Creator, WritesMetadataAnewWhereTheyFit)
+{
+    FilePlan plan;
+    plan.spareSpace = 1000;
+    plan.runInSize = 50;
+    Making making(plan);
+    making.write();
+    making.finish(plan.runInSize);
+
+    auto const update = [&]
+    {
+        making.file.seek(plan.runInSize);
+        return making.creator->updatePartition(0, CLOSED);
+    };
+    auto const size = [&]
+    {
+        return making.header.metadata->serializedSize(true, true);
+    };
+    UInt64 const room = making.creator->partitionPacks().at(0).pack->headerByteCount();
+    for (; size() <= room; making.header.metadata.make<Metadata::Structural::SourcePackage>())
+    {
+        EXPECT_EQ(update(), size() == room || size() + 20 <= room) << room - size();
+        EXPECT_EQ(FileOf(making.file.bytes)->faults(), Faults());
+    }
+    Bytes const full = making.file.bytes;
+    EXPECT_FALSE(update());
+    EXPECT_EQ(making.file.bytes, full);
+    EXPECT_FAILURE(InvalidValue, "it != impl_ -> offsetPartitionPacksMap_.end (): Invalid partition offset",
+                   making.creator->updatePartition(1, CLOSED));
+}
+
+TEST(Creator, RefusesASinkThatLacksWhatIsToBeUpdated)
+{
+    FilePlan plan;
+    plan.sources.front().patched = true;
+    Making making(plan);
+    making.write();
+    BytesFile empty;
+    EXPECT_FAILURE(InvalidPosition, "sink.seek(position) == position: The sink ends ahead of what is to be updated",
+                   making.creator->finishWork(empty));
+}
+
+}}}

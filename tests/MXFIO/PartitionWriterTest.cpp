@@ -1,0 +1,184 @@
+#include "MXFIO/PartitionWriter.h"
+
+#include "Exceptions/InvalidState.h"
+#include "Exceptions/InvalidValue.h"
+#include "MXFIO/GenericStreamPartitionWriter.h"
+#include "MXFIO/IndexTableGenerator.h"
+#include "support/Failure.h"
+#include "support/MemoryEssence.h"
+
+#include <gtest/gtest.h>
+
+namespace Vantry { namespace MXFIO { namespace {
+
+using namespace Tests;
+using Packs::PartitionPack;
+using Templates::auto_ptr;
+
+auto_ptr<PartitionWriter> writerOf(EssenceMetadata & header, EssencePlanPtr const & plan, bool indexOnly = false,
+                                   IndexTableGeneration during = INDEX_REPEATED)
+{
+    return auto_ptr<PartitionWriter>(
+        new PartitionWriter(header.source(plan), 1, 2, during, INDEX_NONE, indexOnly, INDEX_AUTOMATIC));
+}
+
+TEST(PartitionWriter, MakesRoomForMetadata)
+{
+    EssenceMetadata header;
+    UInt64 const size = header.metadata->serializedSize(true, true);
+
+    struct Case
+    {
+        UInt64 spare;
+        UInt64 maximum;
+        unsigned int kagSize;
+        UInt64 extra;
+    };
+    UInt64 const toLine = 512 - size % 512;
+    Case const CASES[] = {
+        {0, 0, 1, 0},
+        {1000, 0, 1, 1000},
+        {1000, size + 100, 1, 100},
+        {1000, size + 2000, 1, 1000},
+        {1000, size, 1, 0},
+        {1000, 1, 1, 0},
+        {0, 0, 512, toLine >= 20 ? toLine : toLine + 512},
+    };
+    for (Case const & c : CASES)
+    {
+        BasePartitionWriter writer;
+        writer.metadataSpareSpace(c.spare);
+        writer.metadataMaximumSpace(c.maximum);
+        writer.kagSize(c.kagSize);
+        EXPECT_EQ(writer.headerByteCount(*header.metadata) - size, c.extra) << c.spare << " " << c.maximum;
+
+        DataIO::Chain chain;
+        auto const written = writer.writeHeader(*header.metadata, CLOSED, 0, true, true, false, 0, chain);
+        EXPECT_EQ(chain.data_size(), written.second + size + c.extra);
+        EXPECT_EQ(written.first->headerByteCount(), size + c.extra);
+        EXPECT_EQ(written.first->indexSID(), 0u);
+    }
+}
+
+TEST(PartitionWriter, AlignsPacks)
+{
+    EssenceMetadata header;
+    UInt64 const PACK_SIZE = MXFFile::PACK_SIZE;
+
+    BasePartitionWriter writer;
+    writer.kagSize(256);
+    DataIO::Chain chain;
+    auto written = writer.writeHeader(*header.metadata, OPEN, 0, false, true, false, 100, chain);
+    EXPECT_EQ(written.second, 256u - 100) << "by the place in the file";
+    EXPECT_EQ(written.first->kagSize(), 0u);
+    EXPECT_EQ(written.first->key(), Packs::buildPartitionPackKey(HEADER, CLOSED)) << "no metadata, nothing open";
+
+    for (auto const & footer : {std::make_pair(0u, 256u), {255u, 256u}, {1024u, 1024u}})
+    {
+        writer.endOfFooterKAGSize(footer.first);
+        written = writer.writeFooter(*header.metadata, OPEN, 5000, 4000, true, true, chain);
+        EXPECT_EQ(written.second, footer.second);
+        EXPECT_EQ(written.first->kagSize(), 256u);
+        EXPECT_EQ(written.first->footerPartition(), 5000u);
+        EXPECT_EQ(written.first->previousPartition(), 4000u);
+    }
+    writer.kagSize(0);
+    written = writer.writeBody(*header.metadata, OPEN, 5000, 4000, 0, false, true, false, false, chain);
+    EXPECT_EQ(written.second, PACK_SIZE);
+}
+
+TEST(PartitionWriter, CountsEssenceAcrossPartitions)
+{
+    for (bool const indexOnly : {false, true})
+    {
+        EssenceMetadata header;
+        auto const plan = std::make_shared<EssencePlan>();
+        plan->kagSize = 256;
+        plan->emptyAnswers = 3;
+        auto const writer = writerOf(header, plan, indexOnly);
+        EXPECT_EQ(writer->status(), AbstractPartitionWriter::WriterNotStarted);
+
+        DataIO::Chain head;
+        writer->writeHeader(*header.metadata, OPEN, 0, true, true, true, 0, head);
+        DataIO::Chain chain;
+        bool complete = false;
+        Templates::SharedPtr<FutureUpdater> updater;
+        Templates::Rational<Int64> duration;
+        for (unsigned int i = 1; i < 10; ++i)
+            EXPECT_EQ(writer->writeData(chain, complete, updater, duration), AbstractPartitionWriter::WriterHasData);
+        EXPECT_EQ(duration, (Templates::Rational<Int64>(9, 25)));
+        EXPECT_EQ(chain.data_size(), indexOnly ? 0u : 9 * 256u);
+
+        auto const body = writer->writeBody(*header.metadata, OPEN, 9999, 0, 0, false, true, true, false, head);
+        EXPECT_EQ(body.first->bodyOffset(), 9 * 256u);
+        EXPECT_EQ(body.first->indexByteCount() % 256, 0u);
+        EXPECT_EQ(writer->writeData(chain, complete, updater, duration), AbstractPartitionWriter::WriterFinished);
+        EXPECT_EQ(writer->writeData(chain, complete, updater, duration), AbstractPartitionWriter::WriterFinished);
+        EXPECT_EQ(writer->bodyOffset(), 10 * 256u);
+
+        for (int i = 0; i < 2; ++i)
+            writer->updateEssenceContainerData(*header.metadata, nullptr);
+        EXPECT_EQ(header.storage.essenceContainerDataCount(), indexOnly ? 0u : 1u);
+    }
+}
+
+TEST(PartitionWriter, GivesASourceUpThatNeverEnds)
+{
+    EssenceMetadata header;
+    auto const plan = std::make_shared<EssencePlan>();
+    plan->emptyAnswers = ~0u - 1;
+    auto const writer = writerOf(header, plan);
+    DataIO::Chain chain;
+    bool complete = false;
+    Templates::SharedPtr<FutureUpdater> updater;
+    Templates::Rational<Int64> duration;
+    EXPECT_FAILURE(InvalidState, "source_ -> done (): GenericContainer::Source gives no data and does not end.",
+                   writer->writeData(chain, complete, updater, duration));
+
+    auto source = header.source(plan);
+    source->indexTableGenerator(auto_ptr<IndexTableGenerator>());
+    EXPECT_FAILURE(InvalidState,
+                   "indexGenerator_ != 0: GenericContainer::Source does not contain a valid IndexTableGenerator.",
+                   PartitionWriter(source, 1, 2, INDEX_NONE, INDEX_NONE, false, INDEX_AUTOMATIC));
+}
+
+TEST(GenericStreamPartitionWriter, WritesNothingElse)
+{
+    auto const plan = std::make_shared<EssencePlan>();
+    plan->kagSize = 64;
+    GenericStreamPartitionWriter writer(auto_ptr<GenericStream::Source>(new MemoryStream(plan, 1)), 5);
+    Types::UniversalLabel const pattern(essenceKey());
+    DataIO::Chain chain;
+    auto const write = [&](PartitionPack::PartitionKind kind, bool metadata, bool essence, UInt64 runInSize)
+    {
+        return writer
+            .writePartition(nullptr, kind, PartitionPack::GENERIC_STREAM, 1, 0, 0, pattern,
+                            auto_ptr<Types::Batch>(new Types::Batch(16)), metadata, false, essence, false, runInSize,
+                            chain)
+            .first;
+    };
+    EXPECT_FAILURE(InvalidValue, "(writeMetadata == false): GenericStreamPartition does not contain metadata.",
+                   write(BODY, true, true, 0));
+    EXPECT_FAILURE(InvalidValue, "(writeEssence == true): GenericStreamPartition must contain essence.",
+                   write(BODY, false, false, 0));
+    EXPECT_FAILURE(InvalidValue,
+                   "(runInSize == 0): GenericStreamPartition is a body partition and does not support runIn.",
+                   write(BODY, false, true, 1));
+    EXPECT_FAILURE(InvalidValue,
+                   "(partitionKind == PartitionPack::BODY_PARTITION): GenericStreamPartition must be a body "
+                   "partition.",
+                   write(FOOTER, false, true, 0));
+    EXPECT_EQ(chain.data_size(), 0u);
+
+    EXPECT_TRUE(write(BODY, false, true, 0)->isGenericStreamsPartition());
+    bool complete = false;
+    Templates::SharedPtr<FutureUpdater> updater;
+    Templates::Rational<Int64> duration;
+    chain.clear();
+    while (writer.writeData(chain, complete, updater, duration) == AbstractPartitionWriter::WriterHasData)
+        EXPECT_EQ(chain.data_size() % 64, 0u);
+    EXPECT_EQ(chain.data_size(), 10 * 128u);
+    EXPECT_EQ(write(BODY, false, true, 0)->bodyOffset(), 10 * 128u);
+}
+
+}}}

@@ -1,0 +1,240 @@
+#pragma once
+
+#include "DataIO/RandomAccessDataSink.h"
+#include "Exceptions/IOError.h"
+#include "Exceptions/InvalidFormat.h"
+#include "GenericContainer/DefaultIndexTableGenerator.h"
+#include "GenericContainer/IndexSegmentInfo.h"
+#include "GenericContainer/Source.h"
+#include "GenericStream/Source.h"
+#include "IndexTables/IndexEntry.h"
+#include "MXFIO/FutureUpdater.h"
+#include "Metadata/Structural/ContentStorage.h"
+#include "Metadata/Structural/Preface.h"
+#include "Metadata/Structural/SourcePackage.h"
+#include "support/MXFFile.h"
+#include "support/Slices.h"
+#include "support/StructuralMetadata.h"
+
+#include <memory>
+
+namespace Vantry { namespace Tests {
+
+/// A sink in memory, with a fault after so many writes.
+class BytesFile : public DataIO::RandomAccessDataSink
+{
+public:
+    explicit BytesFile(UInt64 runInSize = 0, unsigned int goodWrites = ~0u) :
+        bytes(runInSize), position_(runInSize), goodWrites_(goodWrites)
+    {
+    }
+
+    void write(unsigned char const * source, UInt64 howMuch) override
+    {
+        if (goodWrites_-- == 0)
+            throw Exceptions::IOError("disk full", __FILE__, __LINE__);
+        bytes.resize(std::max<UInt64>(bytes.size(), position_ + howMuch));
+        std::copy_n(source, howMuch, bytes.data() + position_);
+        position_ += howMuch;
+    }
+
+    UInt64 absoluteOffset() const override { return position_; }
+    UInt64 seek(UInt64 position) override { return position_ = std::min<UInt64>(position, bytes.size()); }
+
+    Bytes bytes;
+
+private:
+    UInt64 position_;
+    unsigned int goodWrites_;
+};
+
+/// What a source in memory is to give, and what becomes of it.
+struct EssencePlan
+{
+    unsigned int units = 10;
+
+    /// Bytes of a unit; the same for all, or one more for each.
+    UInt64 unitSize = 100;
+    bool growing = false;
+
+    unsigned int kagSize = 1;
+
+    /// Only the last piece ends a unit.
+    bool isClip = false;
+
+    /// A generic stream, no essence.
+    bool isStream = false;
+
+    /// Leaves the value's first byte to be written again, as EEh.
+    bool patched = false;
+
+    /// The unit at which it throws, once.
+    unsigned int failsAt = ~0u;
+
+    /// Empty answers ahead of each unit.
+    unsigned int emptyAnswers = 0;
+
+    Bytes given = {};
+    bool finalized = false;
+    int alive = 0;
+};
+
+using EssencePlanPtr = std::shared_ptr<EssencePlan>;
+
+/// Writes the first byte of a value again.
+class FirstBytePatch : public MXFIO::FutureUpdater
+{
+public:
+    bool prepare() override { return true; }
+    void patch(UInt64 offset, UInt64 & position, DataIO::Chain & chain) override
+    {
+        position = offset + 20;
+        chain.push_back(blocks().slice({0xEE}));
+    }
+
+    static CountingBlocks & blocks()
+    {
+        static CountingBlocks blocks;
+        return blocks;
+    }
+};
+
+/// Gives the units of a plan at 25 per second, for any kind of source.
+template <class Base>
+class MemorySource : public Base
+{
+public:
+    MemorySource(EssencePlanPtr const & plan, unsigned char element) : plan_(plan), element_(element)
+    {
+        ++plan_->alive;
+    }
+    MemorySource(MemorySource const &) = delete;
+    MemorySource & operator=(MemorySource const &) = delete;
+    ~MemorySource() override { --plan_->alive; }
+
+    bool next(DataIO::Chain & chain, bool & complete, Templates::SharedPtr<MXFIO::FutureUpdater> & updater,
+              Templates::Rational<Int64> & duration) override
+    {
+        complete = true;
+        if (done() || (plan_->emptyAnswers != 0 && ++answers_ % (plan_->emptyAnswers + 1) != 0))
+            return !done();
+        if (plan_->failsAt == unit_)
+        {
+            plan_->failsAt = ~0u;
+            throw Exceptions::InvalidFormat("a bad unit", __FILE__, __LINE__);
+        }
+
+        if (plan_->patched && unit_ == 0)
+            updater = Templates::SharedPtr<MXFIO::FutureUpdater>(new FirstBytePatch);
+        tellUnit(plan_->given.size());
+        UInt64 const size = plan_->unitSize + (plan_->growing ? unit_ : 0);
+        Bytes bytes = packet(essenceKey(element_), repeated(size - 20, static_cast<unsigned char>(unit_)));
+        if (UInt64 const gap = Utils::alignBytes(plan_->kagSize, size, 20))
+            bytes += fill(gap);
+        chain.push_back(FirstBytePatch::blocks().slice(bytes));
+        plan_->given += bytes;
+        ++unit_;
+        complete = !plan_->isClip || done();
+        duration = {1, 25};
+        return !done();
+    }
+
+    bool done() const override { return unit_ == plan_->units; }
+    unsigned int kagSize() const override { return plan_->kagSize; }
+
+protected:
+    virtual void tellUnit(UInt64) {}
+
+    EssencePlanPtr const plan_;
+    unsigned char const element_;
+    unsigned int unit_ = 0;
+    unsigned int answers_ = 0;
+};
+
+using MemoryStream = MemorySource<GenericStream::Source>;
+
+/// An essence container with the index tables of the library.
+class MemoryEssence : public MemorySource<GenericContainer::Source>
+{
+public:
+    MemoryEssence(EssencePlanPtr const & plan, unsigned char element, Metadata::Structural::SourcePackage & package) :
+        MemorySource(plan, element), package_(package), label_(essenceKey()), rate_(25)
+    {
+        UInt32 const size = static_cast<UInt32>(plan->unitSize);
+        UInt32 const stored = size + static_cast<UInt32>(Utils::alignBytes(plan->kagSize, size, 20));
+        Templates::auto_ptr<GenericContainer::DefaultIndexTableGenerator> generator(
+            new GenericContainer::DefaultIndexTableGenerator);
+        generator->setupIndexSegments({rate_,
+                                       20,
+                                       0,
+                                       GenericContainer::IndexSegmentInfo::FRAME_WRAPPING,
+                                       false,
+                                       {{plan->growing ? 0 : stored, size, 0, false, false, false, false, true}}});
+        generator_ = generator;
+    }
+
+    void finalize() override { plan_->finalized = true; }
+    Metadata::Structural::SourcePackage & sourcePackage() override { return package_; }
+    Types::UniversalLabel const & essenceContainerUL() override { return label_; }
+    Templates::Rational<int> const & packageRate() override { return rate_; }
+    bool isCBE() const override { return !plan_->growing; }
+    MXFIO::IndexTableGenerator * indexTableGenerator() override { return generator_.get(); }
+    void indexTableGenerator(Templates::auto_ptr<MXFIO::IndexTableGenerator> generator) override
+    {
+        generator_ = generator;
+    }
+
+private:
+    void tellUnit(UInt64 streamOffset) override
+    {
+        auto & generator = dynamic_cast<GenericContainer::DefaultIndexTableGenerator &>(*generator_);
+        generator.writeIndexEntry(IndexTables::IndexEntry(streamOffset));
+        generator.currentContentInfo(unit_ + 1, streamOffset);
+    }
+
+    Metadata::Structural::SourcePackage & package_;
+    Types::UniversalLabel const label_;
+    Templates::Rational<int> const rate_;
+    Templates::auto_ptr<MXFIO::IndexTableGenerator> generator_;
+};
+
+/// Header metadata that sources of essence can be entered in.
+struct EssenceMetadata
+{
+    EssenceMetadata() :
+        metadata(dictionary()),
+        preface(metadata.make<Metadata::Structural::Preface>()),
+        storage(metadata.make<Metadata::Structural::ContentStorage>()),
+        package(metadata.make<Metadata::Structural::SourcePackage>())
+    {
+        Types::UMID32 const umid = sample<Types::UMID32>();
+        package.packageUID(&umid);
+        storage.appendPackage(&package);
+        preface.contentStorage(&storage);
+    }
+
+    /// Lent to whom wants to share it.
+    Templates::SharedPtr<Metadata::PartitionMetadata> shared()
+    {
+        return Templates::SharedPtr<Metadata::PartitionMetadata>(&*metadata, false);
+    }
+
+    Templates::auto_ptr<GenericContainer::Source> source(EssencePlanPtr const & plan, unsigned char element = 1)
+    {
+        return Templates::auto_ptr<GenericContainer::Source>(new MemoryEssence(plan, element, package));
+    }
+
+    StructuralMetadata metadata;
+    Metadata::Structural::Preface & preface;
+    Metadata::Structural::ContentStorage & storage;
+    Metadata::Structural::SourcePackage & package;
+
+private:
+    static StructuralMetadata::Dictionary const & dictionary()
+    {
+        static auto const lenient = lenientDictionary();
+        return lenient;
+    }
+};
+
+}}
