@@ -25,15 +25,15 @@ BlockSource::BlockSource(std::unique_ptr<DataIO::RandomAccessDataSource> file) :
 {
 }
 
-BlockSource::Lent BlockSource::lend(UInt64 howMuch)
+BytesInMemory BlockSource::lend(UInt64 howMuch)
 {
-    if (position_ < blockStart_ || position_ >= blockEnd_)
+    if (ahead().size == 0)
         readBlock();
 
-    UInt64 const size = std::min(howMuch, blockEnd_ - position_);
-    unsigned char const * const bytes = block_.data() + (position_ - blockStart_);
-    position_ += size;
-    return {bytes, size};
+    BytesInMemory lent = ahead();
+    lent.size = std::min<UInt64>(howMuch, lent.size);
+    position_ += lent.size;
+    return lent;
 }
 
 void BlockSource::readBlock()
@@ -52,7 +52,7 @@ UInt64 BlockSource::read(unsigned char * destination, UInt64 howMuch)
     UInt64 done = 0;
     while (done < howMuch)
     {
-        Lent const lent = lend(howMuch - done);
+        BytesInMemory const lent = lend(howMuch - done);
         if (lent.size == 0)
             break;
         std::copy_n(lent.bytes, lent.size, destination + done);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "DataIO/RandomAccessDataSource.h"
+#include "Input.h"
 #include "Platform/Integers.h"
 
 #include <functional>
@@ -14,23 +15,25 @@ namespace Vantry { namespace Application {
 class BlockSource : public DataIO::RandomAccessDataSource
 {
 public:
-    /// Bytes that are good until the listener hears that they go.
-    struct Lent
-    {
-        unsigned char const * bytes;
-        std::size_t size;
-    };
-
     explicit BlockSource(std::unique_ptr<DataIO::RandomAccessDataSource> file);
 
     /// Is called before a block makes room for another.
     void beforeBlockGoes(std::function<void()> listener) { blockGoes_ = std::move(listener); }
 
     /// Lends up to `howMuch` bytes from the position on, and moves behind
-    /// them; none at the end of the file.
+    /// them; none at the end of the file. They are good until the listener
+    /// hears that they go.
     ///
     /// \throws Exceptions::IOError when the file can't be read.
-    Lent lend(UInt64 howMuch);
+    BytesInMemory lend(UInt64 howMuch);
+
+    /// What the block has from the position on.
+    BytesInMemory ahead() const
+    {
+        if (position_ < blockStart_ || position_ >= blockEnd_)
+            return {};
+        return {block_.data() + (position_ - blockStart_), static_cast<std::size_t>(blockEnd_ - position_)};
+    }
 
     UInt64 absoluteOffset() const override { return position_; }
     UInt64 remaining() const override { return size_ - position_; }

@@ -2,6 +2,7 @@
 
 #include "Platform/Integers.h"
 
+#include <cstddef>
 #include <memory>
 #include <string>
 
@@ -12,6 +13,13 @@ class RandomAccessDataSource;
 }
 
 namespace Application {
+
+/// Bytes that somebody else keeps.
+struct BytesInMemory
+{
+    unsigned char const * bytes = nullptr;
+    std::size_t size = 0;
+};
 
 /// The bytes that a command reads once from front to back: of a file, or of a
 /// stream that can't seek.
@@ -32,6 +40,10 @@ public:
 
     /// Goes back by some of the bytes that `source` has just read.
     virtual void stepBack(UInt64 howMuch) = 0;
+
+    /// Bytes ahead of `source` that are in memory and can be looked at there;
+    /// may be none at any time.
+    virtual BytesInMemory ahead() const { return {}; }
 };
 
 /// \throws Failure when there is no such file, or it can't be read.

@@ -30,8 +30,11 @@ public:
     /// there is a key among them whose length field can't be decoded.
     virtual void gap(UInt64 offset, UInt64 size, bool unreadableLength) = 0;
 
-    /// Whether the walk may end; asked behind each packet.
+    /// Whether the walk may end; asked behind each packet that was told of.
     virtual bool isSatisfied() const { return false; }
+
+    /// Whether it need not be told of fill items.
+    virtual bool ignoresFill() const { return false; }
 };
 
 /// Takes an input packet by packet, over whatever lies between them. The

@@ -5,6 +5,7 @@
 #include "Exceptions/BaseException.h"
 #include "Exceptions/IOError.h"
 #include "Failure.h"
+#include "FileDictionary.h"
 #include "HeaderMetadata.h"
 #include "Input.h"
 #include "Interruption.h"
@@ -15,7 +16,6 @@
 #include "Output.h"
 #include "Packs/PartitionPack.h"
 #include "Progress.h"
-#include "Schema/Dictionaries.h"
 #include "SchemaInUse.h"
 #include "UnwrapWalk.h"
 
@@ -30,6 +30,9 @@ namespace fs = std::filesystem;
 namespace {
 
 UInt64 const SEARCH_LIMIT = 65536;
+
+// The reader is for what lies outside of metadata.
+Templates::SharedPtr<MetaMetadata::Dictionary> const NO_DICTIONARY;
 
 /// The folder for the output. One that was made for it goes with the object if
 /// nothing is in it.
@@ -59,14 +62,15 @@ private:
     bool isNew_;
 };
 
-std::vector<EssenceContainer> containersOf(MXFIO::Reader2 & reader, MXFIO::Partition const * partition)
+std::vector<EssenceContainer> containersOf(MXFIO::Reader2 & reader, MXFIO::Partition const * partition,
+                                           Schema::Tables const & tables)
 {
     if (partition == nullptr)
         return {};
+    UInt64 const size = partition->partitionPack().headerByteCount();
     reader.source().seek(partition->metadataAbsoluteOffset());
-    HeaderMetadata const header =
-        readHeaderMetadata(reader.source(), partition->partitionPack().headerByteCount(), reader.dictionary());
-    return essenceContainers(*header.metadata);
+    auto const dictionary = dictionaryFor(reader.source(), size, tables);
+    return essenceContainers(*readHeaderMetadata(reader.source(), size, dictionary).metadata);
 }
 
 bool hasEssence(std::vector<EssenceContainer> const & containers)
@@ -92,7 +96,8 @@ MXFIO::Partition const * partitionWithLastMetadata(MXFIO::Reader2 & reader)
 }
 
 /// A header that is closed and complete has the final metadata.
-std::vector<EssenceContainer> readContainers(MXFIO::Reader2 & reader, std::string const & file)
+std::vector<EssenceContainer> readContainers(MXFIO::Reader2 & reader, Schema::Tables const & tables,
+                                             std::string const & file)
 {
     MXFIO::Partition const * const first = reader.headerPartition();
     if (first == nullptr)
@@ -101,9 +106,9 @@ std::vector<EssenceContainer> readContainers(MXFIO::Reader2 & reader, std::strin
     Packs::PartitionPack const & pack = first->partitionPack();
     std::vector<EssenceContainer> containers;
     if (pack.isOpen() || !pack.isComplete())
-        containers = containersOf(reader, partitionWithLastMetadata(reader));
+        containers = containersOf(reader, partitionWithLastMetadata(reader), tables);
     if (!hasEssence(containers))
-        containers = containersOf(reader, first);
+        containers = containersOf(reader, first, tables);
     if (!hasEssence(containers))
         throw Failure(ExitStatus::FAILED, file, "its metadata tell of no essence in it");
     return containers;
@@ -169,8 +174,8 @@ void UnwrapCommand::run(CommonOptions const & common, Output & output)
     checkUsage(common);
     SchemaInUse const schema(common.dictionary);
     std::unique_ptr<DataIO::RandomAccessDataSource> const file = openRandomAccess(file_);
-    MXFIO::Reader2 reader(*file, Schema::makeDictionary(schema.tables()), SEARCH_LIMIT);
-    std::vector<EssenceContainer> const containers = readContainers(reader, file_);
+    MXFIO::Reader2 reader(*file, NO_DICTIONARY, SEARCH_LIMIT);
+    std::vector<EssenceContainer> const containers = readContainers(reader, schema.tables(), file_);
     checkTracks(containers);
 
     Interruption const interruption;

@@ -28,6 +28,7 @@ public:
 
     DataIO::DataSource & source() override { return source_; }
     void stepBack(UInt64 howMuch) override { source_.seek(source_.absoluteOffset() - howMuch); }
+    BytesInMemory ahead() const override { return source_.ahead(); }
 
 private:
     BlockSource & source_;

@@ -37,6 +37,7 @@ private:
     void packet(KLV::Packet const & packet, UInt64 bytesThere) override;
     void gap(UInt64 offset, UInt64 size, bool unreadableLength) override;
     bool isSatisfied() const override;
+    bool ignoresFill() const override { return true; }
 
     void enter(KLV::Packet & packet);
     void enter(Packs::PartitionPack const & pack, UInt64 bodyStart);

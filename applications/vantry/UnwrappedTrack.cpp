@@ -8,7 +8,7 @@ void UnwrappedTrack::take(BlockSource & source, UInt64 size)
 {
     while (size > 0)
     {
-        BlockSource::Lent const lent = source.lend(size);
+        BytesInMemory const lent = source.lend(size);
         if (lent.size == 0)
             break;
         output_->append(lent.bytes, lent.size);
