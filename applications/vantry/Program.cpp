@@ -29,6 +29,13 @@ ExitStatus fail(ExitStatus status, std::string const & what)
     return status;
 }
 
+/// The parser takes -1 for the largest number that there is, and 0x10 for 16.
+std::string noNumber(std::string const & text)
+{
+    bool const isNumber = text.find_first_not_of("0123456789") == std::string::npos;
+    return isNumber ? "" : text + " is no number from 0 on";
+}
+
 /// Hands declarations to the parser.
 class ParsedOptions : public Options
 {
@@ -54,12 +61,12 @@ public:
 
     void number(char const * name, std::optional<UInt64> & target, char const * valueName, char const * help) override
     {
-        parser_.add_option(name, target, help)->type_name(valueName);
+        parser_.add_option(name, target, help)->type_name(valueName)->check(noNumber);
     }
 
     void numbers(char const * name, std::vector<unsigned> & target, char const * valueName, char const * help) override
     {
-        parser_.add_option(name, target, help)->type_name(valueName)->allow_extra_args(false);
+        parser_.add_option(name, target, help)->type_name(valueName)->allow_extra_args(false)->check(noNumber);
     }
 
 private:

@@ -155,8 +155,8 @@ TEST(Unwrap, GivesWhatFFmpegCopies)
             return isSoundClip ? unit * frame : copied.starts.at(unit);
         };
 
-        // Once by the index and once by walking.
-        for (char const * folder : {"indexed", "walked"})
+        // By the index, once more behind a run-in, and by walking.
+        for (char const * folder : {"indexed", "behind", "walked"})
         {
             SCOPED_TRACE(folder);
             Ended const part =
@@ -165,9 +165,30 @@ TEST(Unwrap, GivesWhatFFmpegCopies)
             EXPECT_TRUE(essenceOf(scratch.path() / folder / kind.output) ==
                         Bytes(copied.bytes.begin() + start(2), copied.bytes.begin() + start(4)));
             EXPECT_EQ(Json::parse(part.output).back()["edit_units"], 2);
-            removeFooter(scratch.path() / "a.mxf");
+            if (std::string(folder) == "indexed")
+                writeFile(scratch.path() / "a.mxf", repeated(8, 7) + readFile(scratch.path() / "a.mxf"));
+            else
+                removeFooter(scratch.path() / "a.mxf");
         }
     }
+}
+
+TEST(Unwrap, BeginsWithTheEditUnitAskedFor)
+{
+    VANTRY_NEEDS_FFMPEG();
+    ScratchFolder const scratch;
+    Kind const & kind = KINDS[0];
+    make(scratch, kind.arguments);
+    Copied const copied = copyByFFmpeg(scratch, kind);
+    for (int round = 0; round < 2; ++round, removeFooter(scratch.path() / "a.mxf"))
+        for (std::size_t unit = 0; unit + 1 < copied.starts.size(); ++unit)
+        {
+            std::string const from = std::to_string(unit);
+            runVantry(scratch, "unwrap a.mxf -o - --track 2 --count 1 --from " + from + " > unit");
+            EXPECT_TRUE(readFile(scratch.path() / "unit") == Bytes(copied.bytes.begin() + copied.starts[unit],
+                                                                   copied.bytes.begin() + copied.starts[unit + 1]))
+                << unit << " in round " << round;
+        }
 }
 
 TEST(Unwrap, TakesACutFileUpToTheCut)
@@ -230,7 +251,8 @@ TEST(Unwrap, KeepsFilesAndLeavesNothingHalfDone)
         {"a.mxf -o new --track 7",            2, "a.mxf: no essence track has the ID 7",       {}},
         {"a.mxf -o new --from 20",            2, "a.mxf: there are only 20 edit units",        {}},
         {"a.mxf -o new --count 0",            2, "a.mxf: --count 0 leaves nothing to take",    {}},
-        {"a.mxf -o new --from x",             2, "",                                           {}},
+        {"a.mxf -o new --from x",             2, "unwrap: --from: x is no number from 0 on",   {}},
+        {"a.mxf -o new --count -1",           2, "unwrap: --count: -1 is no number from 0 on", {}},
         {"a.mxf -o -",                        2, "a.mxf: standard output takes one track, these are 2: choose with --track", {}},
         {"a.mxf -o - --track 2 --json",       2, "a.mxf: --json and the essence can't both go to standard output", {}},
         {"a.mxf",                             2, "",                                           {}},
