@@ -1,5 +1,6 @@
 #include "PackFacts.h"
 
+#include "Exceptions/BaseException.h"
 #include "Exceptions/InvalidLength.h"
 #include "Exceptions/InvalidPartitionStatus.h"
 #include "IndexTables/IndexTableSegment.h"
@@ -33,9 +34,17 @@ UInt64 const LONGEST_PACK = 2 << 20;
 /// The object identifier, or the bytes of a label that is none of SMPTE.
 std::string shortText(UniversalLabel const & label)
 {
-    Templates::wstring const identifier = label.toString(TextForm::OID);
-    bool const isWhole = UniversalLabel(identifier.c_str(), TextForm::OID) == label;
-    return textOf(label, isWhole ? TextForm::OID : TextForm::DOTTED_BYTES);
+    try
+    {
+        Templates::wstring const identifier = label.toString(TextForm::OID);
+        if (UniversalLabel(identifier.c_str(), TextForm::OID) == label)
+            return textOf(label, TextForm::OID);
+    }
+    catch (Exceptions::BaseException const &)
+    {
+        // Its bytes make no identifier.
+    }
+    return textOf(label, TextForm::DOTTED_BYTES);
 }
 
 /// The bytes as JSON has them.

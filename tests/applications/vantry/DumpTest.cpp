@@ -281,10 +281,12 @@ TEST(Dump, TellsWhatIsInPacks)
 {
     std::string const PATTERN = "06 0E 2B 34 04 01 01 01 0D 01 02 01 01 01 09 00";
     std::string const LABEL = "01 02 03 04 05 06 07 08 09 0A 0B 0C 0D 0E 0F 10";
+    std::string const NONE(32, '0');
     std::string const PARTITION = "00 01 00 03 00 00 02 00" + std::string(48, '0') + "00 00 00 00 00 00 12 00" +
                                   std::string(40, '0') + "00 00 00 01";
     Bytes const file =
-        hex("06 0E 2B 34 02 05 01 01 0D 01 02 01 01 02 04 00 68" + PARTITION + PATTERN + "00000001 00000010" + LABEL) +
+        hex("06 0E 2B 34 02 05 01 01 0D 01 02 01 01 02 04 00 78" + PARTITION + PATTERN + "00000002 00000010" + LABEL +
+            NONE) +
         hex("06 0E 2B 34 02 05 01 01 0D 01 02 01 01 05 01 00 2C 00000002 00000012 8001" + LABEL + "8001" + LABEL) +
         hex("06 0E 2B 34 02 05 01 01 0D 01 02 01 01 11 01 00 1C 00000001 00000000000003E8") +
         hex("00000000 0000000000000000 00000000") +
@@ -292,12 +294,12 @@ TEST(Dump, TellsWhatIsInPacks)
         hex("06 0E 2B 34 02 53 01 01 0D 01 02 01 01 10 01 00 20 3F0B0008 00000019 00000001 3F0D0008 0000000000000007") +
         hex("3F050004 00001000") + hex("06 0E 2B 34 02 53 01 01 0D 01 02 01 01 10 01 00 05 3F050004 00");
     char const * const PLAIN = &R"(
-           0  06.0e.2b.34.02.05.01.01.0d.01.02.01.01.02.04.00           104  Header Partition (closed, complete): header 4608 bytes, index 0 bytes, pattern 1.3.53.4.1.1.1.13.1.2.1.1.1.9, container 01.02.03.04.05.06.07.08.09.0a.0b.0c.0d.0e.0f.10
-         121  06.0e.2b.34.02.05.01.01.0d.01.02.01.01.05.01.00            44  Primer Pack: 1 tags, 1 duplicates
-         182  06.0e.2b.34.02.05.01.01.0d.01.02.01.01.11.01.00            28  Random Index Pack: SID 0 at 0, SID 1 at 1000
-         227  06.0e.2b.34.02.05.01.01.0d.01.02.01.01.11.01.00             6  Random Index Pack
-         250  06.0e.2b.34.02.53.01.01.0d.01.02.01.01.10.01.00            32  Index Table Segment: from edit unit 0, 7 edit units at 25/1, 4096 bytes each, 0 entries, body SID 0
-         299  06.0e.2b.34.02.53.01.01.0d.01.02.01.01.10.01.00             5  Index Table Segment
+           0  06.0e.2b.34.02.05.01.01.0d.01.02.01.01.02.04.00           120  Header Partition (closed, complete): header 4608 bytes, index 0 bytes, pattern 1.3.53.4.1.1.1.13.1.2.1.1.1.9, container 01.02.03.04.05.06.07.08.09.0a.0b.0c.0d.0e.0f.10, container 00.00.00.00.00.00.00.00.00.00.00.00.00.00.00.00
+         137  06.0e.2b.34.02.05.01.01.0d.01.02.01.01.05.01.00            44  Primer Pack: 1 tags, 1 duplicates
+         198  06.0e.2b.34.02.05.01.01.0d.01.02.01.01.11.01.00            28  Random Index Pack: SID 0 at 0, SID 1 at 1000
+         243  06.0e.2b.34.02.05.01.01.0d.01.02.01.01.11.01.00             6  Random Index Pack
+         266  06.0e.2b.34.02.53.01.01.0d.01.02.01.01.10.01.00            32  Index Table Segment: from edit unit 0, 7 edit units at 25/1, 4096 bytes each, 0 entries, body SID 0
+         315  06.0e.2b.34.02.53.01.01.0d.01.02.01.01.10.01.00             5  Index Table Segment
 )"[1];
 
     ScratchFolder const scratch;
@@ -309,7 +311,8 @@ TEST(Dump, TellsWhatIsInPacks)
     std::getline(lines, line);
     Json const partition = Json::parse(line)["partition"];
     EXPECT_EQ(partition["operational_pattern"], "06.0e.2b.34.04.01.01.01.0d.01.02.01.01.01.09.00");
-    EXPECT_EQ(partition["essence_containers"], Json({"01.02.03.04.05.06.07.08.09.0a.0b.0c.0d.0e.0f.10"}));
+    EXPECT_EQ(partition["essence_containers"], Json({"01.02.03.04.05.06.07.08.09.0a.0b.0c.0d.0e.0f.10",
+                                                     "00.00.00.00.00.00.00.00.00.00.00.00.00.00.00.00"}));
     std::getline(lines, line);
     EXPECT_EQ(Json::parse(line)["primer"], Json({{"tags", 1}, {"duplicates", 1}}));
     std::getline(lines, line);
