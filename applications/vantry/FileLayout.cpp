@@ -190,6 +190,8 @@ void FileLayout::walkFrom(MXFIO::Partition const & partition, Warnings & warning
     for (UInt64 const offset : notes.partitions)
         if (MXFIO::Partition * const found = partitionAt(offset - runIn()))
             partitions_.push_back(found);
+        else
+            warnings.add(fmt::format("the partition pack at offset {} can't be read", offset));
     if (notes.rip && !rip_)
     {
         rip_ = notes.rip;

@@ -105,9 +105,9 @@ Json headerMetadataOf(MetadataChoice const & choice, MetadataTree const & tree, 
                                  choice.partition->partitionAbsoluteOffset(), status));
     if (dark != 0)
         warnings.add(
-            fmt::format("{} metadata sets are dark: the dictionary doesn't know them, or they are damaged", dark));
+            fmt::format("dark metadata sets, which the dictionary doesn't know or which are damaged: {}", dark));
     if (invalid != 0)
-        warnings.add(fmt::format("{} elements of metadata sets are unknown, misplaced or invalid", invalid));
+        warnings.add(fmt::format("elements of metadata sets that are unknown, misplaced or invalid: {}", invalid));
     return {{"partition_offset", choice.partition->partitionAbsoluteOffset()},
             {"status", status},
             {"sets", tree.nodes().size() + lost},

@@ -17,6 +17,7 @@
 #include "PacketWalk.h"
 #include "Packs/PrimerPack.h"
 #include "Text.h"
+#include "Warnings.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -66,7 +67,7 @@ public:
 
     void gap(UInt64 offset, UInt64 size, bool) override { warn(gapFault(offset, size)); }
 
-    void warn(std::string const & what) { result_.warnings.push_back(what); }
+    void warn(std::string const & what) { warnings_.add(what); }
 
     HeaderMetadata finish()
     {
@@ -75,6 +76,7 @@ public:
             warn("there are no header metadata in this partition");
             start(Templates::auto_ptr<Packs::PrimerPack>(new Packs::PrimerPack));
         }
+        result_.warnings = warnings_.all();
         return std::move(result_);
     }
 
@@ -136,6 +138,7 @@ private:
     UInt64 const end_;
     Templates::SharedPtr<MetaMetadata::Dictionary> dictionary_;
     HeaderMetadata result_;
+    Warnings warnings_;
     std::string problem_;
 };
 

@@ -16,6 +16,7 @@
 #include "SchemaInUse.h"
 #include "SetNames.h"
 #include "Text.h"
+#include "Warnings.h"
 
 #include <nlohmann/json.hpp>
 
@@ -113,12 +114,13 @@ void InfoCommand::showMetadata(CommonOptions const & common, Output & output) co
     HeaderMetadata const header = readMetadata(file_, schema.tables());
     MetadataTree const tree(*header.metadata, names);
 
-    std::vector<std::string> warnings = header.warnings;
-    warnings.insert(warnings.end(), tree.warnings().begin(), tree.warnings().end());
+    Warnings warnings;
+    warnings.add(header.warnings);
+    warnings.add(tree.warnings());
     if (common.json)
-        writeJson(file_, JsonMetadataPage(*header.metadata, tree, schema.tables(), names), warnings, output);
+        writeJson(file_, JsonMetadataPage(*header.metadata, tree, schema.tables(), names), warnings.all(), output);
     else
-        writePlain(PlainMetadataPage(*header.metadata, tree, schema.tables(), names), warnings, output);
+        writePlain(PlainMetadataPage(*header.metadata, tree, schema.tables(), names), warnings.all(), output);
 }
 
 }}

@@ -93,7 +93,7 @@ void MetadataTree::enter(MetadataSet const & set)
 {
     Types::UUID const * const instanceUID = set.instanceUID();
     if (instanceUID != nullptr && !sets_.emplace(*instanceUID, &set).second)
-        warnings_.push_back(fmt::format("the instance identifier of {} is there twice", nameOf(set)));
+        warnings_.add(fmt::format("the instance identifier of {} is there twice", nameOf(set)));
 }
 
 void MetadataTree::walk(MetadataSet const & root)
@@ -109,7 +109,7 @@ void MetadataTree::walk(MetadataSet const & root)
         pending.pop_back();
         if (!places_.emplace(next.set, nodes_.size()).second)
         {
-            warnings_.push_back(fmt::format("{} is owned more than once, or by itself", nameOf(*next.set)));
+            warnings_.add(fmt::format("{} is owned more than once, or by itself", nameOf(*next.set)));
             continue;
         }
 
@@ -129,8 +129,7 @@ std::vector<MetadataSet const *> MetadataTree::childrenOf(MetadataSet const & se
         if (found != sets_.end())
             children.push_back(found->second);
         else
-            warnings_.push_back(
-                fmt::format("{} owns a set that isn't there: {}", nameOf(set), textOf(*uuid, UUID_FORM)));
+            warnings_.add(fmt::format("{} owns a set that isn't there: {}", nameOf(set), textOf(*uuid, UUID_FORM)));
     }
     return children;
 }

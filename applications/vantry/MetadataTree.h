@@ -2,6 +2,7 @@
 
 #include "Metadata/MetadataSet.h"
 #include "Types/UUID.h"
+#include "Warnings.h"
 
 #include <cstddef>
 #include <map>
@@ -54,7 +55,7 @@ public:
     std::optional<Place> find(Types::UUID const & instanceUID) const;
 
     /// What is wrong with identifiers and references.
-    std::vector<std::string> const & warnings() const { return warnings_; }
+    std::vector<std::string> warnings() const { return warnings_.all(); }
 
 private:
     void enter(Metadata::MetadataSet const & set);
@@ -68,7 +69,7 @@ private:
     std::unordered_map<Metadata::MetadataSet const *, Place> places_;
     std::vector<Node> nodes_;
     Place outside_ = 0;
-    std::vector<std::string> warnings_;
+    Warnings warnings_;
 };
 
 }

@@ -5,9 +5,11 @@
 #include "Text.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <iterator>
-#include <string_view>
+#include <utility>
+#include <vector>
 
 namespace Vantry { namespace Application {
 
@@ -53,6 +55,47 @@ std::optional<double> secondsOf(Json const & count, Json const & rate)
     return count.get<double>() * denominator / numerator;
 }
 
+/// "1 segment", "2 segments".
+std::string counted(Json const & count, char const * what)
+{
+    return fmt::format("{} {}{}", textOf(count), what, count == 1 ? "" : "s");
+}
+
+/// Hours, minutes and seconds.
+std::string clockText(double seconds)
+{
+    double const MINUTE = 60;
+    double const HOUR = 60 * MINUTE;
+    double const inHour = std::fmod(seconds, HOUR);
+    return fmt::format("{:02.0f}:{:02.0f}:{:06.3f}", std::floor(seconds / HOUR), std::floor(inHour / MINUTE),
+                       std::fmod(inHour, MINUTE));
+}
+
+/// "closed, complete".
+std::string statusText(Json const & status)
+{
+    std::string text = textOf(status);
+    std::size_t const joint = text.find('_');
+    if (joint != std::string::npos)
+        text.replace(joint, 1, text.compare(0, joint, "generic") == 0 ? " " : ", ");
+    return text;
+}
+
+/// What is wanted first of a container: how much of it is there.
+std::string editUnitsText(Json const & container)
+{
+    Json const & readable = container["readable_edit_units"];
+    Json const & claimed = container["duration"];
+    std::string text;
+    if (readable.is_null())
+        text = claimed.is_null() ? "edit units unknown" : counted(claimed, "edit unit") + ", readable ones unknown";
+    else if (claimed.is_null())
+        text = counted(readable, "edit unit") + " readable";
+    else
+        text = fmt::format("{} of {} readable", textOf(readable), counted(claimed, "edit unit"));
+    return container["edit_rate"].is_null() ? text : text + ", at " + textOf(container["edit_rate"]);
+}
+
 /// Writes the sections of the page.
 class Page
 {
@@ -93,18 +136,25 @@ private:
     {
         line("{}", textOf(report_["file"]));
         std::string const pattern = nameOf(report_["operational_pattern"]);
-        line("  Pattern   {}, {} bytes{}", pattern, textOf(report_["size"]),
+        line("  Pattern   {}", nameOf(report_["operational_pattern"]));
+        line("  Size      {} bytes{}", textOf(report_["size"]),
              report_["run_in"] == 0 ? "" : fmt::format(", the first {} a run-in", textOf(report_["run_in"])));
         length();
         start();
         for (Json const & maker : report_["identifications"])
-            line("  Made by   {} {} {}, {}", textOf(maker["company"]), textOf(maker["product"]),
-                 textOf(maker["version"]), textOf(maker["modified"]));
+            line("  Made by   {} {} {}{}", textOf(maker["company"]), textOf(maker["product"]), textOf(maker["version"]),
+                 isDate(maker["modified"]) ? ", " + textOf(maker["modified"]) : "");
         Json const & metadata = report_["header_metadata"];
-        line("  Metadata  {}, {} sets", textOf(metadata["status"]), textOf(metadata["sets"]));
+        line("  Metadata  {}, {}", statusText(metadata["status"]), counted(metadata["sets"], "set"));
         std::size_t const faults = report_["warnings"].size();
         if (faults != 0)
             line("  Faults    {}, see the end of this page", faults);
+    }
+
+    /// Many writers leave it 0.
+    static bool isDate(Json const & modified)
+    {
+        return modified.is_string() && modified.get<std::string>().compare(0, 4, "0000") != 0;
     }
 
     /// Of the first track of essence.
@@ -118,7 +168,7 @@ private:
                 auto const seconds = secondsOf(track["duration"], track["edit_rate"]);
                 if (!isEssence || !seconds)
                     continue;
-                line("  Length    {:.3f} s, {} edit units of {} per second", *seconds, textOf(track["duration"]),
+                line("  Length    {}, {} at {}", clockText(*seconds), counted(track["duration"], "edit unit"),
                      textOf(track["edit_rate"]));
                 return;
             }
@@ -139,11 +189,27 @@ private:
         std::string kind = textOf(package["kind"]);
         kind.front() = static_cast<char>(kind.front() - 'a' + 'A');
         line("{} package{}{}", kind, name.empty() ? "" : " ", name);
+        if (!package["tracks"].empty())
+            line("  {:>5}  {:<11}  {:>11}  {:>8}", "track", "kind", "edit rate", "duration");
         for (Json const & track : package["tracks"])
             this->track(track, package["descriptors"]);
+        otherDescriptors(package);
+    }
+
+    /// Those that belong to no track, of equal ones how many there are.
+    void otherDescriptors(Json const & package)
+    {
+        std::vector<std::pair<std::string, int>> contents;
         for (Json const & descriptor : package["descriptors"])
             if (package["kind"] != "material" && !isShownWithTrack(descriptor, package))
-                line("  {:>5}  {}", "", contentOf(descriptor));
+            {
+                std::string const content = contentOf(descriptor);
+                if (contents.empty() || contents.back().first != content)
+                    contents.emplace_back(content, 0);
+                ++contents.back().second;
+            }
+        for (auto const & [content, count] : contents)
+            line("  {:>5}  {}{}", "", count == 1 ? "" : fmt::format("{} x ", count), content);
     }
 
     void track(Json const & track, Json const & descriptors)
@@ -186,8 +252,10 @@ private:
             text += fmt::format(", {:g} Hz", 1 / *period);
         Json const channels = property(descriptor, "channelCount");
         if (!channels.is_null())
-            text += fmt::format(", {} channels of {} bits", textOf(channels),
-                                textOf(property(descriptor, "quantizationBits")));
+            text += ", " + counted(channels, "channel");
+        Json const bits = property(descriptor, "quantizationBits");
+        if (!bits.is_null())
+            text += fmt::format(" of {} bits", textOf(bits));
         return text;
     }
 
@@ -200,15 +268,15 @@ private:
         for (Json const & container : report_["containers"])
         {
             Json const & index = container["index"];
-            line("  body SID {}: {} wrapped, {} bytes, {} of {} edit units readable, {} per second",
-                 textOf(container["body_sid"]), textOf(container["wrapping"]), textOf(container["size"]),
-                 textOf(container["readable_edit_units"]), textOf(container["duration"]),
-                 textOf(container["edit_rate"]));
+            line("  body SID {}: {} wrapped, {} bytes, {}", textOf(container["body_sid"]),
+                 container["wrapping"] == "other" ? "otherwise" : textOf(container["wrapping"]),
+                 textOf(container["size"]), editUnitsText(container));
             if (index["kind"] == "none")
                 line("    no index");
             else
-                line("    index SID {}: {}, {} segments, {} edit units", textOf(container["index_sid"]),
-                     textOf(index["kind"]), textOf(index["segments"]), textOf(index["edit_units"]));
+                line("    index SID {}: edit units of {}, {}{}", textOf(container["index_sid"]),
+                     index["kind"] == "cbe" ? "one size" : "any size", counted(index["segments"], "segment"),
+                     index["edit_units"].is_null() ? "" : " for " + textOf(index["edit_units"]));
         }
     }
 
@@ -218,8 +286,8 @@ private:
         endLine();
         line("Partitions");
         for (std::size_t i = 0; i < std::min(all.size(), MOST_PARTITIONS); ++i)
-            line("  {:>14}  {:<6}  {:<17}  body SID {}, index SID {}", textOf(all[i]["offset"]), textOf(all[i]["kind"]),
-                 textOf(all[i]["status"]), textOf(all[i]["body_sid"]), textOf(all[i]["index_sid"]));
+            line("  {:>14}  {:<6}  {:<18}  body SID {}, index SID {}", textOf(all[i]["offset"]), textOf(all[i]["kind"]),
+                 statusText(all[i]["status"]), textOf(all[i]["body_sid"]), textOf(all[i]["index_sid"]));
         if (all.size() > MOST_PARTITIONS)
             line("  {:>14}  {} more", "", all.size() - MOST_PARTITIONS);
         line("  {}", report_["random_index_pack"].is_null() ? "no random index pack" : "random index pack");

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 #include <string>
+#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 #include <vector>
@@ -9,15 +10,12 @@
 namespace Vantry { namespace Application {
 
 /// What is wrong with a file, each fault once, in the order in which they were
-/// found.
+/// found. Of faults that differ by their numbers alone the first ones are told;
+/// a file can have millions.
 class Warnings
 {
 public:
-    void add(std::string const & warning)
-    {
-        if (known_.insert(warning).second)
-            all_.push_back(warning);
-    }
+    void add(std::string const & warning);
 
     void add(std::vector<std::string> const & warnings)
     {
@@ -25,11 +23,18 @@ public:
             add(warning);
     }
 
-    std::vector<std::string> const & all() const { return all_; }
+    std::vector<std::string> all() const;
 
 private:
-    std::vector<std::string> all_;
-    std::unordered_set<std::string> known_;
+    struct Kind
+    {
+        std::size_t count = 0;
+        std::size_t last = 0; // that was told
+    };
+
+    std::vector<std::string> told_;
+    std::unordered_map<std::string, Kind> kinds_;
+    std::unordered_set<std::size_t> known_; // by their hashes
 };
 
 /// Faults of one kind, of which the first stands for all.

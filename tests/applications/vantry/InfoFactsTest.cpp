@@ -13,6 +13,8 @@
 #include "Metadata/Structural/TimecodeComponent.h"
 #include "Metadata/Structural/TimelineTrack.h"
 #include "Metadata/Structural/TrackHelpers.h"
+#include "Output.h"
+#include "PlainFilePage.h"
 #include "support/BytesSource.h"
 #include "support/IndexSegments.h"
 #include "support/MXFFile.h"
@@ -138,6 +140,59 @@ TEST(InfoFacts, TellsOfASoundFile)
     EXPECT_EQ(report["containers"][0].dump(),
               R"({"body_sid":1,"index_sid":2,"wrapping":"frame","edit_rate":"30000/1001","duration":5,)"
               R"("readable_edit_units":5,"size":600,"index":{"kind":"vbe","segments":1,"edit_units":5}})");
+}
+
+TEST(InfoFacts, ShowsPeopleWhatMattersMost)
+{
+    Json report = reportOn(MXFFile(parts(), false, repeated(8, 7)).bytes());
+    Json & containers = report["containers"];
+    containers.push_back(containers[0]);
+    containers[1]["duration"] = nullptr;
+    containers.push_back(containers[1]);
+    containers[2]["readable_edit_units"] = nullptr;
+    containers[2]["index"]["kind"] = "none";
+    for (unsigned int channels : {1, 2, 2})
+        report["packages"][0]["descriptors"].push_back({{"class", "Sound"},
+                                                        {"essence_container", nullptr},
+                                                        {"linked_track", 9},
+                                                        {"properties", {{"channelCount", channels}}}});
+    report["size"] = 9999;
+
+    Application::Output output(stdout);
+    Application::writePlainPage(report, output);
+    EXPECT_EQ(fmt::to_string(output.buffer()), &R"(
+file
+  Pattern   OP1a
+  Size      9999 bytes, the first 8 a run-in
+  Length    00:00:00.167, 5 edit units at 30000/1001
+  Start     00:01:00;02
+  Metadata  closed, complete, 10 sets
+  Faults    1, see the end of this page
+
+File package
+  track  kind           edit rate  duration
+      1  timecode      30000/1001         5  from 00:01:00;02
+      2  picture       30000/1001         5  GenericPictureEssenceDescriptor: MXF-GC Frame-wrapped MPEG-ES VideoStream-0 SID
+         Sound, 1 channel
+         2 x Sound, 2 channels
+
+Essence
+  body SID 1: frame wrapped, 600 bytes, 5 of 5 edit units readable, at 30000/1001
+    index SID 2: edit units of any size, 1 segment for 5
+  body SID 1: frame wrapped, 600 bytes, 5 edit units readable, at 30000/1001
+    index SID 2: edit units of any size, 1 segment for 5
+  body SID 1: frame wrapped, 600 bytes, edit units unknown, at 30000/1001
+    no index
+
+Partitions
+               8  header  closed, complete    body SID 0, index SID 0
+            2947  body    closed, complete    body SID 1, index SID 0
+            3655  footer  closed, complete    body SID 0, index SID 2
+  no random index pack
+
+Faults
+  there is no random index pack
+)"[1]);
 }
 
 struct Case
@@ -287,6 +342,24 @@ TEST(InfoFacts, NamesEachFault)
          {"the partition at offset " + std::to_string(body) +
           " has another operational pattern than the header partition"}},
     });
+}
+
+TEST(InfoFacts, TellsOfManyFaultsInFewLines)
+{
+    unsigned int const PACKS = 5000;
+    Bytes unreadable;
+    for (unsigned int i = 0; i < PACKS; ++i)
+        unreadable += hex("06 0E 2B 34 02 05 01 01 0D 01 02 01 01 03 04 00 83 00 00 00");
+    MXFFile const file(
+        changed([&](auto & all) { all[1].body = essence(2, VALUE_SIZE) + unreadable + essence(3, VALUE_SIZE); }));
+
+    Json const report = reportOn(file.bytes().first(file.offset(2)));
+    EXPECT_EQ(report["containers"][0]["readable_edit_units"], UNITS);
+    Strings const warnings = report["warnings"];
+    UInt64 const eighth = file.offset(1) + MXFFile::PACK_SIZE + 2 * UNIT_SIZE + 7 * 20;
+    ASSERT_EQ(warnings.size(), 10u);
+    EXPECT_EQ(warnings[7],
+              "the partition pack at offset " + std::to_string(eighth) + " can't be read; 4992 more like this");
 }
 
 }}}
