@@ -104,6 +104,7 @@ private:
     bool has(unsigned char bit) const;
     void set(unsigned char bit, bool is);
     void writeHead();
+    unsigned char * bytes();
     Utils::TimeCode read(unsigned char bit, Timecode331M const & stamp) const;
 
     WholePack pack_;

@@ -155,6 +155,7 @@ void BaseWorkerImpl::indexTableGenerator(Templates::auto_ptr<MXFIO::IndexTableGe
     index_.indexTableGenerator(containerGenerator_);
     if (containerGenerator_ != nullptr)
         containerGenerator_->setupIndexSegments(indexSegmentInfo());
+    updateContentInfo();
 }
 
 IndexSegmentInfo BaseWorkerImpl::indexSegmentInfo() const

@@ -72,7 +72,7 @@ SystemMetadataPack::SystemMetadataPack(DataIO::SliceReader & reader) : pack_()
     VANTRY_CHECK_TEXT(slice->size() == VALUE_SIZE, "slice -> size () == sizeof (WholePack)", NotEnoughData,
                       "Not enough data to read SystemMetadataPack");
     writeHead();
-    std::memcpy(&pack_.bitmap, slice->begin(), VALUE_SIZE);
+    std::copy(slice->begin(), slice->end(), bytes() + std::size(HEAD));
     packageRate_ = rateOf(pack_.rate);
 }
 
@@ -189,7 +189,12 @@ void SystemMetadataPack::set(unsigned char bit, bool is)
 
 void SystemMetadataPack::writeHead()
 {
-    std::memcpy(&pack_, HEAD, sizeof(HEAD));
+    std::copy(std::begin(HEAD), std::end(HEAD), bytes());
+}
+
+unsigned char * SystemMetadataPack::bytes()
+{
+    return reinterpret_cast<unsigned char *>(&pack_);
 }
 
 Utils::TimeCode SystemMetadataPack::read(unsigned char bit, Timecode331M const & stamp) const
