@@ -38,7 +38,7 @@ public:
     /// The same, dropping what it passes.
     bool find(UInt64 maximumBytes);
 
-    /// The first match that lies in 4 to 8 bytes, or `end`.
+    /// The first match that lies in four bytes or more, or `end`.
     unsigned char const * findWindow(unsigned char const * begin, unsigned char const * end) const;
 
 private:

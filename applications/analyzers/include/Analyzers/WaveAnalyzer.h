@@ -1,0 +1,90 @@
+#pragma once
+
+#include "DataIO/SliceSource.h"
+#include "GenericContainer/NullEssenceProvider.h"
+#include "GenericContainer/RP224UniversalLabels.h"
+#include "GenericContainer/SoundAnalyzer.h"
+#include "Templates/SharedPtr.h"
+
+#include <memory>
+#include <optional>
+
+namespace Vantry {
+
+/// Analyzers of real streams: each can be used as it is, and read as a model
+/// for one's own.
+namespace Analyzers {
+
+/// PCM sound from a wave stream: RIFF, extensible, RF64, with or without
+/// broadcast extension (SMPTE 382M).
+///
+/// Bits, channels and rate are those of the stream; samples go into the
+/// container as they are, uncopied unless one channel is picked. Edit units
+/// are those of the container; where it has an NTSC rate they differ in their
+/// number of samples. A last edit unit that isn't full is filled with silence
+/// where it is wrapped as a frame. Silence also stands in where there is no
+/// sound.
+class WaveAnalyzer : public GenericContainer::SoundAnalyzer, public GenericContainer::NullEssenceProvider
+{
+public:
+    using Labels = GenericContainer::RP224UniversalLabels;
+
+    static constexpr int ALL_CHANNELS = -1;
+
+    /// \param source    a wave stream, from its start
+    /// \param wrapKind  FRAME or CLIP
+    /// \param mapping   BROADCAST_WAVE or AES3
+    /// \param channel   the one channel to take, the first being 0
+    WaveAnalyzer(Templates::SharedPtr<DataIO::SliceSource> source, Labels::WrapKind wrapKind,
+                 Labels::Mapping mapping = Labels::BROADCAST_WAVE, int channel = ALL_CHANNELS);
+    ~WaveAnalyzer() override;
+
+    /// Channels in the stream, once it is preloaded.
+    unsigned int channelsInStream() const;
+
+    /// The rate of the container, that of single samples at most.
+    Templates::Rational<int> editRate() override;
+    void editRate(Templates::Rational<int> const & containerRate) override;
+
+    /// Chunks of any kind and size may stand ahead of the samples.
+    UInt64 maximumToSkip() const override;
+    void maximumToSkip(UInt64 bytes) override;
+
+    /// Reads up to the samples.
+    ///
+    /// \return false when the stream is no wave
+    /// \throws Exceptions::InvalidFormat for a wave of anything but PCM with 1
+    ///         to 32 bits, or without the channel.
+    bool preload() override;
+
+    bool setMetadata(Metadata::PartitionMetadata & metadata, Metadata::Structural::SourcePackage * package,
+                     unsigned int trackNumber, unsigned int trackID) override;
+
+    /// \throws Exceptions::InvalidFormat when the stream ends ahead of where
+    ///         its header says.
+    bool nextEditUnit(GenericContainer::EditUnit & unit) override;
+
+    bool finalize() override;
+    Types::UniversalLabel universalLabel() override;
+    bool isCBE() const override;
+    void boundedEditUnitSize(int size) override;
+    unsigned int boundedEditUnitSize() const override;
+    bool containsTemporalDependencies() const override;
+    Utils::TimeCode currentTimeCode() override;
+    unsigned char itemTypeIdentifier() const override;
+    unsigned char essenceElementType() const override;
+    unsigned int requiredKAGSize() const override;
+    bool done() override;
+    Templates::Rational<int> getDuration() override;
+
+    /// Silence.
+    void fillNullEssence(GenericContainer::EditUnit & unit) override;
+
+private:
+    class Stream;
+    class Impl;
+    std::unique_ptr<Impl> impl_;
+};
+
+}
+}

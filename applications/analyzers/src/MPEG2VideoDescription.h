@@ -1,0 +1,22 @@
+#pragma once
+
+#include "PictureGroups.h"
+
+namespace Vantry {
+namespace Metadata { namespace Structural {
+class MPEG2VideoDescriptor;
+}}
+
+namespace Analyzers {
+
+/// Completes a descriptor by what the headers of a stream say.
+///
+/// \param first  the first frame
+void describeVideo(Metadata::Structural::MPEG2VideoDescriptor & descriptor, SequenceHeader const & sequence,
+                   PictureHeader const & first, bool hasPredicted);
+
+/// Sets what is known of the stream's groups.
+void describeGroups(Metadata::Structural::MPEG2VideoDescriptor & descriptor, PictureGroups const & groups);
+
+}
+}

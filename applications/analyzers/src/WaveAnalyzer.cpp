@@ -1,0 +1,404 @@
+#include "Analyzers/WaveAnalyzer.h"
+
+#include "Analyzers/EssenceMetadata.h"
+#include "Analyzers/SampleCadence.h"
+#include "DataIO/BlockHolder.h"
+#include "DataIO/Memory/MemoryBlockFactory.h"
+#include "Essence/Converters/S331MMuxHelpers/PCMWaveReader.h"
+#include "Exceptions/InvalidFormat.h"
+#include "GenericContainer/EditUnit.h"
+#include "Metadata/Structural/AES3AudioEssenceDescriptor.h"
+#include "Metadata/Structural/DataDefinitionULs.h"
+#include "Metadata/Structural/StructuralMetadataKeys.h"
+#include "Types/Boolean.h"
+#include "Types/Rational.h"
+#include "Types/UInt16.h"
+#include "Types/UInt32.h"
+#include "Types/UniversalLabel.h"
+
+#include <algorithm>
+#include <limits>
+#include <string>
+
+namespace Vantry { namespace Analyzers {
+
+using Essence::Converters::S331MMuxHelpers::PCMWaveReader;
+using GenericContainer::EditUnit;
+using Metadata::Structural::WAVEAudioEssenceDescriptor;
+using Rate = Templates::Rational<int>;
+
+namespace {
+
+UInt64 const UNKNOWN_LENGTH = 0xFFFFFFFF;
+
+// Bytes 12 and 14 of element keys (SMPTE 382M).
+unsigned char const SOUND_ITEM = 0x16;
+unsigned char const WAVE_FRAME = 0x01;
+unsigned char const AES3_FRAME = 0x03;
+
+[[noreturn]] void refuse(std::string const & what)
+{
+    throw Exceptions::InvalidFormat(what.c_str(), __FILE__, __LINE__);
+}
+
+}
+
+// Knows, beside the format, how much sound there is.
+class WaveAnalyzer::Stream : public PCMWaveReader
+{
+public:
+    using PCMWaveReader::PCMWaveReader;
+
+    void decodePCMFormat(Essence::Wave::FormatPCMChunk const & format) override
+    {
+        if (format.wFormatTag != Essence::Wave::FORMAT_TAG_PCM &&
+            format.wFormatTag != Essence::Wave::FORMAT_TAG_EXTENSIBLE)
+            refuse("The wave format that ends at " + position() + " isn't PCM");
+        PCMWaveReader::decodePCMFormat(format);
+    }
+
+    void handleDataChunkBegin(UInt64 length) override { length_ = length; }
+
+    // Whole blocks in bytes, as the header claims; unknown for a stream whose
+    // writer couldn't go back.
+    std::optional<UInt64> length() const
+    {
+        return length_ == UNKNOWN_LENGTH ? std::nullopt : std::optional<UInt64>(length_ - length_ % numberBlockAlign());
+    }
+
+    // Some writers leave it open how many bits carry sound.
+    unsigned int soundBits() const
+    {
+        bool const isTold = validBitsPerSample() != 0 && validBitsPerSample() <= bitsPerSample();
+        return isTold ? validBitsPerSample() : bitsPerSample();
+    }
+
+    // Where the reader stands in the stream as a whole.
+    std::string position() { return "byte " + std::to_string(reader().absoluteOffset()); }
+
+    // Appends up to so many bytes, fewer at the end.
+    UInt64 take(UInt64 size, DataIO::Chain & chain)
+    {
+        UInt64 taken = 0;
+        while (taken < size)
+        {
+            Templates::auto_ptr<DataIO::Slice> slice = read(size - taken);
+            if (slice->size() == 0 && (state() != STATE_IN_DATA || endOfStream()))
+                break;
+            taken += slice->size();
+            chain.push_back(slice);
+        }
+        return taken;
+    }
+
+private:
+    UInt64 length_ = 0;
+};
+
+class WaveAnalyzer::Impl
+{
+public:
+    Impl(Templates::SharedPtr<DataIO::SliceSource> source, Labels::WrapKind wrapping, Labels::Mapping kind,
+         int picked) :
+        stream(std::move(source)), wrapKind(wrapping), mapping(kind), channel(picked)
+    {
+    }
+
+    bool load()
+    {
+        if (isLoaded)
+            return true;
+        if (!stream.preload())
+            return false;
+
+        checkFormat();
+        if (stream.gotoNextDataChunk() != Stream::STATE_IN_DATA)
+            refuse("The wave stream ends at " + stream.position() + " without sound");
+        isLoaded = true;
+        adopt(rate);
+        return true;
+    }
+
+    // The cadence takes both rates.
+    void adopt(Rate const & editRate)
+    {
+        rate = editRate;
+        if (isLoaded && rate.numerator() > 0)
+            cadence.emplace(stream.samplesPerSecond(), rate);
+    }
+
+    bool picksChannel() const { return channel != ALL_CHANNELS; }
+    unsigned int channels() const { return picksChannel() ? 1 : stream.numberOfChannels(); }
+    unsigned int bytesPerSample() const { return stream.numberBlockAlign() / stream.numberOfChannels(); }
+    unsigned int blockAlign() const { return channels() * bytesPerSample(); }
+    unsigned int editUnitSize() const { return cadence ? cadence->maximum() * blockAlign() : 0; }
+
+    Rate secondsOf(UInt64 samples) const
+    {
+        return Rate(static_cast<int>(samples), static_cast<int>(stream.samplesPerSecond()));
+    }
+
+    bool isDone()
+    {
+        if (!isLoaded)
+            return false;
+        std::optional<UInt64> const length = stream.length();
+        return length ? stream.absoluteOffset() >= *length : stream.endOfStream();
+    }
+
+    // The samples of the next edit unit, as far as there are any; returns
+    // their number.
+    UInt64 takeSamples(DataIO::Chain & data)
+    {
+        UInt64 const streamBlock = stream.numberBlockAlign();
+        UInt64 wanted = cadence->samples(editUnits) * streamBlock;
+        if (std::optional<UInt64> const length = stream.length())
+            wanted = std::min(wanted, *length - std::min(*length, stream.absoluteOffset()));
+
+        DataIO::Chain bytes;
+        UInt64 const size = stream.take(wanted, bytes);
+        if (size < wanted && stream.length())
+            refuse("The wave stream ends at " + stream.position() + ", " +
+                   std::to_string(*stream.length() - stream.absoluteOffset()) + " bytes short of its sound");
+
+        UInt64 const samples = size / streamBlock;
+        DataIO::Chain cut;
+        bytes.chopEnd(size - samples * streamBlock, cut);
+        if (picksChannel())
+            data.push_back(pick(*bytes.makeSlice(0, samples * streamBlock)));
+        else
+            data.push_back(bytes);
+        return samples;
+    }
+
+    // `samples` of silence, all of them on one block.
+    void addSilence(UInt64 samples, DataIO::Chain & data)
+    {
+        UInt64 const blockSize = std::max(1u, editUnitSize());
+        if (silence.block() == nullptr)
+        {
+            silence = DataIO::Memory::MemoryBlockFactory::instance().create(blockSize);
+            unsigned char const zero = stream.bitsPerSample() <= 8 ? 0x80 : 0;
+            std::fill_n(silence.block()->data(), blockSize, zero);
+        }
+        for (UInt64 left = samples * blockAlign(); left != 0;)
+        {
+            UInt64 const size = std::min(left, silence.block()->size());
+            data.push_back(Templates::auto_ptr<DataIO::Slice>(new DataIO::Slice(silence.block(), 0, size)));
+            left -= size;
+        }
+    }
+
+    Stream stream;
+    Labels::WrapKind const wrapKind;
+    Labels::Mapping const mapping;
+    int const channel;
+    Rate rate;
+    std::optional<SampleCadence> cadence;
+    std::unique_ptr<EssenceMetadata> metadata;
+    UInt64 editUnits = 0;
+    UInt64 samples = 0;
+
+private:
+    void checkFormat()
+    {
+        unsigned int const bits = stream.bitsPerSample();
+        unsigned int const streamChannels = stream.numberOfChannels();
+        bool const isWhole = streamChannels != 0 && stream.numberBlockAlign() == streamChannels * ((bits + 7) / 8);
+        if (bits == 0 || bits > 32 || !isWhole || stream.samplesPerSecond() == 0 ||
+            stream.samplesPerSecond() > static_cast<unsigned int>(std::numeric_limits<int>::max()))
+            refuse("The wave format that ends at " + stream.position() + " has " + std::to_string(streamChannels) +
+                   " channels of " + std::to_string(bits) + " bits in blocks of " +
+                   std::to_string(stream.numberBlockAlign()) + " bytes at " +
+                   std::to_string(stream.samplesPerSecond()) + " Hz");
+        if (picksChannel() && static_cast<unsigned int>(channel) >= streamChannels)
+            refuse("The wave stream has no channel " + std::to_string(channel) + " but " +
+                   std::to_string(streamChannels) + " channels");
+    }
+
+    Templates::auto_ptr<DataIO::Slice> pick(DataIO::Slice const & blocks) const
+    {
+        UInt64 const stride = stream.numberBlockAlign();
+        UInt64 const size = blocks.size() / stride * bytesPerSample();
+        DataIO::BlockHolder const block = DataIO::Memory::MemoryBlockFactory::instance().create(size);
+        unsigned char * to = block.block()->data();
+        unsigned char const * const first = blocks.begin() + static_cast<UInt64>(channel) * bytesPerSample();
+        for (unsigned char const * from = first; from < blocks.end(); from += stride)
+            to = std::copy_n(from, bytesPerSample(), to);
+        return Templates::auto_ptr<DataIO::Slice>(new DataIO::Slice(block.block(), 0, size));
+    }
+
+    bool isLoaded = false;
+    DataIO::BlockHolder silence;
+};
+
+WaveAnalyzer::WaveAnalyzer(Templates::SharedPtr<DataIO::SliceSource> source, Labels::WrapKind wrapKind,
+                           Labels::Mapping mapping, int channel) :
+    impl_(std::make_unique<Impl>(std::move(source), wrapKind, mapping, channel))
+{
+}
+
+WaveAnalyzer::~WaveAnalyzer() = default;
+
+unsigned int WaveAnalyzer::channelsInStream() const
+{
+    return impl_->stream.numberOfChannels();
+}
+
+Rate WaveAnalyzer::editRate()
+{
+    return impl_->rate;
+}
+
+void WaveAnalyzer::editRate(Rate const & containerRate)
+{
+    impl_->adopt(containerRate);
+}
+
+UInt64 WaveAnalyzer::maximumToSkip() const
+{
+    return std::numeric_limits<UInt64>::max();
+}
+
+void WaveAnalyzer::maximumToSkip(UInt64) {}
+
+bool WaveAnalyzer::preload()
+{
+    return impl_->load();
+}
+
+bool WaveAnalyzer::setMetadata(Metadata::PartitionMetadata & metadata, Metadata::Structural::SourcePackage * package,
+                               unsigned int trackNumber, unsigned int trackID)
+{
+    // Uncompressed sound.
+    static unsigned char const PCM[16] = {0x06, 0x0E, 0x2B, 0x34, 0x04, 0x01, 0x01, 0x0A,
+                                          0x04, 0x02, 0x02, 0x01, 0x00, 0x00, 0x00, 0x00};
+    namespace Keys = Metadata::Structural::StructuralMetadataKeys;
+    if (impl_->metadata)
+        return false;
+
+    Stream const & stream = impl_->stream;
+    Rate const samplingRate(static_cast<int>(stream.samplesPerSecond()));
+    bool const isFrame = impl_->wrapKind == Labels::FRAME;
+    auto made = std::make_unique<EssenceMetadata>(metadata, package, trackNumber, trackID, impl_->rate);
+    auto & sound = made->describe<WAVEAudioEssenceDescriptor>(
+        impl_->mapping == Labels::AES3 ? Keys::aes3AudioEssenceDescriptor() : Keys::waveAudioEssenceDescriptor(),
+        Metadata::Structural::DataDefinitionULs::audio(), universalLabel(), isFrame ? impl_->rate : samplingRate);
+    impl_->metadata = std::move(made);
+
+    using Sound = WAVEAudioEssenceDescriptor;
+    put(sound, &Sound::audioSamplingRate, samplingRate.numerator(), 1);
+    put(sound, &Sound::lockedUnlocked, true);
+    put(sound, &Sound::channelCount, impl_->channels());
+    put(sound, &Sound::quantizationBits, stream.soundBits());
+    put(sound, &Sound::soundEssenceCompression, PCM);
+    put(sound, &Sound::blockAlign, static_cast<unsigned short>(impl_->blockAlign()));
+    put(sound, &Sound::avgBps, impl_->blockAlign() * stream.samplesPerSecond());
+    return true;
+}
+
+bool WaveAnalyzer::nextEditUnit(EditUnit & unit)
+{
+    unit.valid = false;
+    if (!preload() || !impl_->cadence || impl_->isDone())
+        return false;
+
+    UInt64 samples = impl_->takeSamples(unit.data);
+    if (samples == 0)
+        return false;
+
+    UInt64 const whole = impl_->cadence->samples(impl_->editUnits);
+    if (samples < whole && impl_->wrapKind == Labels::FRAME)
+    {
+        impl_->addSilence(whole - samples, unit.data);
+        samples = whole;
+    }
+    unit.valid = true;
+    unit.duration = impl_->secondsOf(samples);
+    impl_->samples += samples;
+    ++impl_->editUnits;
+    return true;
+}
+
+void WaveAnalyzer::fillNullEssence(EditUnit & unit)
+{
+    Templates::Rational<Int64> const wanted(Int64(unit.duration.numerator()) * impl_->stream.samplesPerSecond(),
+                                            unit.duration.denominator());
+    bool const isOneUnit = impl_->cadence && unit.duration * impl_->rate == 1;
+    UInt64 const samples = isOneUnit ? impl_->cadence->samples(impl_->editUnits)
+                                     : static_cast<UInt64>(wanted.numerator() / wanted.denominator());
+    impl_->addSilence(samples, unit.data);
+    impl_->samples += samples;
+    ++impl_->editUnits;
+}
+
+bool WaveAnalyzer::finalize()
+{
+    if (!impl_->metadata)
+        return false;
+    impl_->metadata->finish(impl_->editUnits, impl_->wrapKind == Labels::FRAME ? impl_->editUnits : impl_->samples);
+    return true;
+}
+
+Types::UniversalLabel WaveAnalyzer::universalLabel()
+{
+    bool const isClip = impl_->wrapKind == Labels::CLIP;
+    unsigned char const variant = impl_->mapping == Labels::AES3 ? 0x03 : 0x01;
+    unsigned char const bytes[16] = {0x06, 0x0E, 0x2B, 0x34, 0x04,
+                                     0x01, 0x01, 0x01, 0x0D, 0x01,
+                                     0x03, 0x01, 0x02, 0x06, static_cast<unsigned char>(variant + isClip)};
+    return Types::UniversalLabel(bytes);
+}
+
+bool WaveAnalyzer::isCBE() const
+{
+    return impl_->cadence && impl_->cadence->isConstant();
+}
+
+void WaveAnalyzer::boundedEditUnitSize(int) {}
+
+unsigned int WaveAnalyzer::boundedEditUnitSize() const
+{
+    return impl_->editUnitSize();
+}
+
+bool WaveAnalyzer::containsTemporalDependencies() const
+{
+    return false;
+}
+
+Utils::TimeCode WaveAnalyzer::currentTimeCode()
+{
+    return Utils::TimeCode();
+}
+
+unsigned char WaveAnalyzer::itemTypeIdentifier() const
+{
+    return SOUND_ITEM;
+}
+
+unsigned char WaveAnalyzer::essenceElementType() const
+{
+    unsigned char const frame = impl_->mapping == Labels::AES3 ? AES3_FRAME : WAVE_FRAME;
+    return static_cast<unsigned char>(frame + (impl_->wrapKind == Labels::CLIP ? 1 : 0));
+}
+
+unsigned int WaveAnalyzer::requiredKAGSize() const
+{
+    return 1;
+}
+
+bool WaveAnalyzer::done()
+{
+    return impl_->isDone();
+}
+
+Rate WaveAnalyzer::getDuration()
+{
+    std::optional<UInt64> const length = preload() ? impl_->stream.length() : std::nullopt;
+    UInt64 const samples = length ? *length / impl_->stream.numberBlockAlign() : 0;
+    return length && samples <= static_cast<UInt64>(std::numeric_limits<int>::max()) ? impl_->secondsOf(samples)
+                                                                                     : Rate(-1);
+}
+
+}}
