@@ -1,5 +1,6 @@
 #pragma once
 
+#include "GenericContainer/CompoundAnalyzer.h"
 #include "GenericContainer/DataAnalyzer.h"
 #include "GenericContainer/EditUnit.h"
 #include "GenericContainer/MetadataBuilder.h"
@@ -181,7 +182,7 @@ private:
 using MemoryPictures = MemoryAnalyzer<GenericContainer::PictureAnalyzer>;
 using MemorySound = MemoryAnalyzer<GenericContainer::SoundAnalyzer>;
 
-/// Sound that has a byte EEh where it has no sound.
+/// Sound that has a byte EEh where it has no sound and is told for how long.
 class MemorySoundOrSilence : public MemorySound, public GenericContainer::NullEssenceProvider
 {
 public:
@@ -189,8 +190,7 @@ public:
 
     void fillNullEssence(GenericContainer::EditUnit & unit) override
     {
-        EXPECT_GT(unit.duration, 0);
-        unit.data.push_back(blocks.slice({0xEE}));
+        unit.data.push_back(blocks.slice(repeated(unit.duration > 0 ? 1 : 0, 0xEE)));
     }
 };
 

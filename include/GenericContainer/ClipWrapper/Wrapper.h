@@ -1,16 +1,12 @@
 #pragma once
 
+#include "DataIO/BufferSliceSource.h"
 #include "GenericContainer/EssenceAnalyzer.h"
 #include "GenericContainer/Source.h"
+#include "Metadata/PartitionMetadata.h"
 #include "Templates/SharedPtr.h"
 
-namespace Vantry {
-namespace DataIO {
-class BufferSliceSource;
-class SliceSource;
-}
-
-namespace GenericContainer {
+namespace Vantry { namespace GenericContainer {
 
 /// Containers whose essence is wrapped by the clip.
 namespace ClipWrapper {
@@ -105,5 +101,4 @@ private:
 };
 
 }
-}
-}
+}}

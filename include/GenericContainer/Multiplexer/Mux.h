@@ -2,6 +2,7 @@
 
 #include "GenericContainer/EssenceAnalyzer.h"
 #include "GenericContainer/Source.h"
+#include "Metadata/PartitionMetadata.h"
 #include "Templates/SharedPtr.h"
 
 namespace Vantry {

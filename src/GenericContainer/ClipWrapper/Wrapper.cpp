@@ -6,7 +6,6 @@
 #include "GenericContainer/ClipWrapper/Worker_impl.h"
 #include "GenericContainer/ContainerBuilder.h"
 #include "MXFIO/IndexTableGenerator.h"
-#include "Metadata/PartitionMetadata.h"
 
 #include <utility>
 

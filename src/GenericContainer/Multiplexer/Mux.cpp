@@ -7,7 +7,6 @@
 #include "GenericContainer/ContainerBuilder.h"
 #include "GenericContainer/Multiplexer/FrameWorker_impl.h"
 #include "MXFIO/IndexTableGenerator.h"
-#include "Metadata/PartitionMetadata.h"
 #include "Utils/Fill.h"
 
 #include <algorithm>

@@ -1,0 +1,227 @@
+// The package that a container gets, its tracks and descriptors, and the
+// durations at the end.
+
+#include "DataIO/Chain.h"
+#include "GenericContainer/ClipWrapper/Wrapper.h"
+#include "GenericContainer/Multiplexer/Mux.h"
+#include "MXFIO/FutureUpdater.h"
+#include "Metadata/Structural/ContentStorage.h"
+#include "Metadata/Structural/Preface.h"
+#include "Metadata/Structural/Sequence.h"
+#include "Metadata/Structural/StructuralComponent.h"
+#include "Metadata/Structural/TimelineTrack.h"
+#include "Utils/Test/DeterministicScope.h"
+#include "support/BytesSink.h"
+#include "support/MemoryAnalyzer.h"
+#include "support/StructuralMetadata.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace Vantry { namespace GenericContainer { namespace {
+
+using namespace Metadata::Structural;
+using namespace Tests;
+using Analyzer = Templates::SharedPtr<EssenceAnalyzer>;
+using Rate = Templates::Rational<int>;
+using MemoryData = MemoryAnalyzer<DataAnalyzer>;
+using MemoryCompound = MemoryAnalyzer<CompoundAnalyzer>;
+
+Types::UniversalLabel label()
+{
+    return Types::UniversalLabel(hex("06 0E 2B 34 04 01 01 02 0D 01 03 01 02 7F 01 00").data());
+}
+
+// Metadata with a Preface and its ContentStorage.
+class Header
+{
+public:
+    Header() { metadata_.make<Preface>().contentStorage(&storage_); }
+
+    Templates::SharedPtr<Metadata::PartitionMetadata> shared()
+    {
+        return Templates::SharedPtr<Metadata::PartitionMetadata>(&*metadata_, false);
+    }
+
+    SourcePackage & package() { return dynamic_cast<SourcePackage &>(*storage_.package(0u)); }
+
+    Bytes written()
+    {
+        BytesSink sink;
+        metadata_->serialize(sink, true, Metadata::PartitionMetadata::ForwardDepthFirst, true);
+        return sink.bytes();
+    }
+
+private:
+    StructuralMetadata metadata_{lenient()};
+    ContentStorage & storage_ = metadata_.make<ContentStorage>();
+
+    static StructuralMetadata::Dictionary const & lenient()
+    {
+        static auto const dictionary = lenientDictionary();
+        return dictionary;
+    }
+};
+
+// Tracks in short: "id number origin duration: lengths of components".
+std::vector<std::string> tracksOf(SourcePackage const & package)
+{
+    std::vector<std::string> texts;
+    for (unsigned int i = 0; i < package.tracksCount(); ++i)
+    {
+        auto const & track = dynamic_cast<TimelineTrack const &>(*package.track(i));
+        Sequence const & sequence = *track.sequence();
+        std::string text =
+            std::to_string(track.trackID()->value()) + " " + std::to_string(track.trackNumber()->value()) + " " +
+            std::to_string(track.origin()->value()) + " " + std::to_string(sequence.duration()->value()) + ":";
+        for (unsigned int j = 0; j < sequence.structuralComponentsCount(); ++j)
+            text += " " + std::to_string(sequence.structuralComponent(j)->duration()->value());
+        texts.push_back(text);
+    }
+    return texts;
+}
+
+void pullAll(Source & source)
+{
+    for (bool goesOn = true; goesOn;)
+    {
+        DataIO::Chain chain;
+        bool complete = false;
+        Templates::SharedPtr<MXFIO::FutureUpdater> updater;
+        Templates::Rational<Int64> duration;
+        goesOn = source.next(chain, complete, updater, duration);
+    }
+    source.finalize();
+}
+
+MemoryEssence timed(std::vector<int> const & frames)
+{
+    MemoryEssence essence = MemoryEssence::ofSizes(std::vector<std::size_t>(frames.size(), 9));
+    for (std::size_t i = 0; i < frames.size(); ++i)
+        essence.units[i].timeCode = Utils::TimeCode(25, frames[i], false);
+    return essence;
+}
+
+TEST(ContainerMetadata, TracksFollowTheEssence)
+{
+    Header header;
+    Multiplexer::Mux mux(header.shared(), label(), 25, nullptr);
+    MemoryEssence pictures = timed({50, 51, 52, 90, 91});
+    pictures.preCharge = Rate(2, 25);
+    Analyzer const picture(new MemoryPictures(pictures));
+    Analyzer const sound(new MemorySound(MemoryEssence::ofSizes({1, 2, 3, 4})));
+    mux.addAnalyzer(sound, false, 0);
+    mux.addAnalyzer(picture, false, 0);
+    auto const source = mux.commit();
+    EXPECT_EQ(&source->sourcePackage(), &header.package());
+    // Sound comes with pictures in front; tracks come in the order of the
+    // container, and each starts behind the pre-charge.
+    EXPECT_EQ(tracksOf(header.package()),
+              (std::vector<std::string>{"512 352387328 2 -1: -1", "256 369164544 2 -1: -1"}));
+    pullAll(*source);
+    EXPECT_EQ(tracksOf(header.package()), (std::vector<std::string>{"512 352387328 2 3: 3", "256 369164544 2 3: 3"}));
+    EXPECT_EQ(dynamic_cast<MemorySound &>(*sound).finalized, 1);
+}
+
+TEST(ContainerMetadata, TimeCodeFollowsTheFirstAnalyzer)
+{
+    Header header;
+    Multiplexer::Mux mux(header.shared(), label(), 25, nullptr);
+    Analyzer const picture(new MemoryPictures(timed({50, 51, 52, 90, 91})));
+    Analyzer const sound(new MemorySound(MemoryEssence::ofSizes({1, 2, 3, 4})));
+    mux.addAnalyzer(picture, false, 0);
+    mux.addAnalyzer(sound, false, 0);
+    auto const source = mux.commit();
+    pullAll(*source);
+    EXPECT_EQ(tracksOf(header.package()),
+              (std::vector<std::string>{"256 352387328 0 4: 4", "512 369164544 0 4: 4", "0 0 0 4: 3 1"}));
+}
+
+TEST(ContainerMetadata, ClipsHaveTracksToo)
+{
+    for (bool const withTimecode : {true, false})
+    {
+        Header header;
+        ClipWrapper::Wrapper wrapper(header.shared(), label(), 25, {}, 0);
+        wrapper.generateTimecodeTrack(withTimecode);
+        Analyzer const picture(new MemoryPictures(timed({50, 51, 52})));
+        wrapper.addAnalyzer(picture);
+        auto const source = wrapper.commit();
+        pullAll(*source);
+        std::vector<std::string> expected = {"256 352387328 0 3: 3"};
+        if (withTimecode)
+            expected.push_back("0 0 0 3: 3");
+        EXPECT_EQ(tracksOf(header.package()), expected);
+    }
+}
+
+template <class Class>
+void add(Multiplexer::Mux & mux, int count)
+{
+    for (int i = 0; i < count; ++i)
+        mux.addAnalyzer(Analyzer(new Class(MemoryEssence::ofSizes({1}))), false, 0);
+}
+
+TEST(ContainerMetadata, PackageSaysWhatIsInIt)
+{
+    struct Case
+    {
+        int compounds, pictures, sounds, data;
+        unsigned char material;
+    };
+    Case const cases[] = {
+        {1, 0, 0, 0, 13}, {0, 1, 1, 0, 13}, {0, 1, 0, 1, 13}, {0, 0, 1, 1, 13}, {0, 1, 0, 0, 5},  {0, 2, 0, 0, 6},
+        {0, 0, 1, 0, 8},  {0, 0, 2, 0, 9},  {0, 0, 0, 1, 11}, {0, 0, 0, 2, 12}, {0, 0, 0, 0, 15},
+    };
+    for (Case const & c : cases)
+    {
+        Header header;
+        Multiplexer::Mux mux(header.shared(), label(), {30000, 1001}, nullptr);
+        add<MemoryCompound>(mux, c.compounds);
+        add<MemoryPictures>(mux, c.pictures);
+        add<MemorySound>(mux, c.sounds);
+        add<MemoryData>(mux, c.data);
+        mux.commit();
+
+        SourcePackage const & package = header.package();
+        EXPECT_EQ((*package.packageUID())[10], c.material);
+        EXPECT_EQ(Platform::wstringToString(package.packageName()->value()), "Source Package");
+        auto const * const several = dynamic_cast<MultipleDescriptor const *>(package.descriptor());
+        auto const count = static_cast<unsigned int>(c.compounds + c.pictures + c.sounds + c.data);
+        ASSERT_EQ(several != nullptr, count > 1);
+        if (several == nullptr)
+            continue;
+        EXPECT_EQ(several->subDescriptorsCount(), count);
+        EXPECT_EQ(*several->sampleRate(), Types::Rational(30000, 1001));
+        EXPECT_EQ(*several->essenceContainer(), label());
+    }
+}
+
+TEST(ContainerMetadata, IsTheSameEachTime)
+{
+    Types::UMID32 const given = sample<Types::UMID32>(7);
+    for (Types::UMID32 const * const packageUID : {&given, static_cast<Types::UMID32 const *>(nullptr)})
+    {
+        std::vector<Bytes> written;
+        for (int i = 0; i < 2; ++i)
+        {
+            Utils::Test::DeterministicScope const scope;
+            Header header;
+            Multiplexer::Mux mux(header.shared(), label(), 25, packageUID);
+            add<MemoryPictures>(mux, 1);
+            add<MemorySound>(mux, 2);
+            pullAll(*mux.commit());
+            if (packageUID != nullptr)
+            {
+                EXPECT_EQ(*header.package().packageUID(), given);
+            }
+            written.push_back(header.written());
+        }
+        EXPECT_EQ(written[0], written[1]);
+    }
+}
+
+}}}
