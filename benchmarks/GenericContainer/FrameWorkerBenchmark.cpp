@@ -97,7 +97,7 @@ void run(benchmark::State & state, UInt64 pictureSize, UInt64 soundSize, int tra
 void pictureWithFourTracks(benchmark::State & state)
 {
     run(state, 400000, 8000, 4, {30000, 1001});
-    state.SetLabel("at most 43 us");
+    state.SetLabel("at most 43000 ns");
 }
 BENCHMARK(pictureWithFourTracks);
 
@@ -105,7 +105,7 @@ BENCHMARK(pictureWithFourTracks);
 void smallElements(benchmark::State & state)
 {
     run(state, 1000, 1000, 31, {30000, 1001});
-    state.SetLabel("at most 64 us");
+    state.SetLabel("at most 64000 ns");
 }
 BENCHMARK(smallElements);
 
