@@ -10,6 +10,7 @@
 #include "KLV/KeyPredicates.h"
 #include "KLV/Packet.h"
 #include "KLV/Reader.h"
+#include "KeyName.h"
 #include "PacketFaults.h"
 #include "PacketWalk.h"
 #include "Packs/PartitionPack.h"
@@ -33,7 +34,7 @@ bool isOfEssence(KLV::Key const & key)
 {
     if (KLV::isEssence(key))
         return true;
-    return !KLV::isFillItem(key) && !KLV::isIndexTableKlvSegment(key) && !KLV::isMetadataSet(key) &&
+    return !KLV::isFillItem(key) && !isIndexTableSegment(key) && !KLV::isMetadataSet(key) &&
            !Packs::isPartitionPack(key) && !Packs::isPrimerPack(key) && !Packs::isRandomIndexPack(key);
 }
 

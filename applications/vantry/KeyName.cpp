@@ -45,6 +45,8 @@ constexpr NamedKey NAMED_KEYS[] = {
     {{{0x06, 0x0E, 0x2B, 0x34, 2, 5, 1, 1, 0x0D, 1, 2, 1, 1, 5, 1, 0}, 16}, "Primer Pack"},
     {{{0x06, 0x0E, 0x2B, 0x34, 2, 5, 1, 1, 0x0D, 1, 2, 1, 1, 0x11, 1, 0}, 16}, "Random Index Pack"},
     {{{0x06, 0x0E, 0x2B, 0x34, 2, 0x53, 1, 1, 0x0D, 1, 2, 1, 1, 0x10, 1, 0}, 16}, "Index Table Segment"},
+    // the first edition's
+    {{{0x06, 0x0E, 0x2B, 0x34, 2, 0x53, 1, 1, 0x0D, 1, 2, 1, 1, 0x10, 0, 0}, 16}, "Index Table Segment"},
     // SMPTE 410M
     {{{0x06, 0x0E, 0x2B, 0x34, 2, 5, 1, 1, 0x0D, 1, 2, 1, 1, 3, 0x11}, 15}, "Generic Stream Partition"},
     {{{0x06, 0x0E, 0x2B, 0x34, 1, 1, 1, 1, 0x0D, 1, 5}, 11}, "Generic Stream Element"},
@@ -140,6 +142,15 @@ void appendKeyName(fmt::memory_buffer & text, KLV::Key const & key, SetNames con
         text.append(name);
     else if (!PARTITION_PACK.matches(key) || !appendPartitionName(text, key))
         text.append(generalName(key, sets));
+}
+
+bool isIndexTableSegment(KLV::Key const & key) noexcept
+{
+    int const EDITION_BYTE = 14;
+    KLV::Key later = key;
+    if (later[EDITION_BYTE] == 0)
+        later[EDITION_BYTE] = 1;
+    return KLV::isIndexTableKlvSegment(later);
 }
 
 }}

@@ -17,5 +17,9 @@ class SetNames;
 /// calls them.
 void appendKeyName(fmt::memory_buffer & text, KLV::Key const & key, SetNames const & sets);
 
+/// Whether this is the key of index table segments, or the one that they had
+/// in the first edition of SMPTE 377M.
+bool isIndexTableSegment(KLV::Key const & key) noexcept;
+
 }
 }

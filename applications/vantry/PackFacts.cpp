@@ -4,8 +4,8 @@
 #include "Exceptions/InvalidLength.h"
 #include "Exceptions/InvalidPartitionStatus.h"
 #include "IndexTables/IndexTableSegment.h"
-#include "KLV/KeyPredicates.h"
 #include "KLV/Packet.h"
+#include "KeyName.h"
 #include "Packs/PartitionPack.h"
 #include "Packs/PrimerPack.h"
 #include "Packs/RandomIndexPack.h"
@@ -198,7 +198,7 @@ std::unique_ptr<PackFacts> read(KLV::Packet & packet)
         return std::make_unique<PrimerFacts>(packet);
     if (Packs::isRandomIndexPack(packet.key()))
         return std::make_unique<RandomIndexFacts>(packet);
-    if (KLV::isIndexTableKlvSegment(packet.key()))
+    if (isIndexTableSegment(packet.key()))
         return std::make_unique<IndexFacts>(packet);
     return nullptr;
 }

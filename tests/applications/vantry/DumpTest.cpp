@@ -291,14 +291,14 @@ TEST(Dump, TellsWhatIsInPacks)
         hex("06 0E 2B 34 02 05 01 01 0D 01 02 01 01 11 01 00 1C 00000001 00000000000003E8") +
         hex("00000000 0000000000000000 00000000") +
         hex("06 0E 2B 34 02 05 01 01 0D 01 02 01 01 11 01 00 06 000000000000") +
-        hex("06 0E 2B 34 02 53 01 01 0D 01 02 01 01 10 01 00 20 3F0B0008 00000019 00000001 3F0D0008 0000000000000007") +
+        hex("06 0E 2B 34 02 53 01 01 0D 01 02 01 01 10 00 00 20 3F0B0008 00000019 00000001 3F0D0008 0000000000000007") +
         hex("3F050004 00001000") + hex("06 0E 2B 34 02 53 01 01 0D 01 02 01 01 10 01 00 05 3F050004 00");
     char const * const PLAIN = &R"(
            0  06.0e.2b.34.02.05.01.01.0d.01.02.01.01.02.04.00           120  Header Partition (closed, complete): header 4608 bytes, index 0 bytes, pattern 1.3.53.4.1.1.1.13.1.2.1.1.1.9, container 01.02.03.04.05.06.07.08.09.0a.0b.0c.0d.0e.0f.10, container 00.00.00.00.00.00.00.00.00.00.00.00.00.00.00.00
          137  06.0e.2b.34.02.05.01.01.0d.01.02.01.01.05.01.00            44  Primer Pack: 1 tags, 1 duplicates
          198  06.0e.2b.34.02.05.01.01.0d.01.02.01.01.11.01.00            28  Random Index Pack: SID 0 at 0, SID 1 at 1000
          243  06.0e.2b.34.02.05.01.01.0d.01.02.01.01.11.01.00             6  Random Index Pack
-         266  06.0e.2b.34.02.53.01.01.0d.01.02.01.01.10.01.00            32  Index Table Segment: from edit unit 0, 7 edit units at 25/1, 4096 bytes each, 0 entries, body SID 0
+         266  06.0e.2b.34.02.53.01.01.0d.01.02.01.01.10.00.00            32  Index Table Segment: from edit unit 0, 7 edit units at 25/1, 4096 bytes each, 0 entries, body SID 0
          315  06.0e.2b.34.02.53.01.01.0d.01.02.01.01.10.01.00             5  Index Table Segment
 )"[1];
 
