@@ -119,7 +119,7 @@ bool BaseElementEssenceReader::setPosition(Int64 position)
     }
 
     Int64 target = positionFor(cappedSum(firstTrackEditUnit(), position));
-    if (seeker().temporalReorderingTrack() == clip_.trackNumber)
+    if (seeker().temporalReorderingTrack() == key2TrackNumber(key_))
         target += seeker().temporalOffset(target);
     return seek(target);
 }

@@ -39,7 +39,10 @@ bool ElementEssenceReader::nextElement(UInt64 searchLimit, ElementEditUnit & uni
     describe(unit);
     unit.packet = nextPacket(searchLimit);
     if (!unit.packet)
+    {
+        unit = ElementEditUnit();
         return false;
+    }
 
     unit.packetBytes = unit.packet->length();
     if (unit.elementSize == 0)

@@ -35,12 +35,13 @@ Bytes next(ElementReader & reader)
 
 unsigned int const EDIT_UNITS = 30;
 
-// Picture and sound in each edit unit, the sound's element count byte off.
+// Picture and sound in each edit unit. The element count bytes aren't those of
+// the tracks.
 Bytes frames(unsigned int from, unsigned int to)
 {
     Bytes bytes;
     for (unsigned int i = from; i < to; ++i)
-        bytes += element(PICTURE, i, 100 + i) + element(SOUND | 0x00040000, i, 40);
+        bytes += element(PICTURE | 0x00020000, i, 100 + i) + element(SOUND | 0x00040000, i, 40);
     return bytes;
 }
 
@@ -92,7 +93,7 @@ TEST(ElementReader, ReadsTracksInTurns)
     EXPECT_EQ(next(*sound), repeated(40, 17));
     EXPECT_EQ(next(*sound), repeated(40, 18));
 
-    EXPECT_THAT(open.content.elements(), testing::ElementsAre(PICTURE, SOUND | 0x00040000));
+    EXPECT_THAT(open.content.elements(), testing::ElementsAre(PICTURE | 0x00020000, SOUND | 0x00040000));
     ElementEditUnit unit;
     EXPECT_TRUE(picture->setPosition(4));
     EXPECT_TRUE(picture->nextElement(0, unit));
