@@ -75,8 +75,9 @@ public:
     /// Number of edit units; -1/1 when it isn't known. That of a clip is 1.
     Templates::Rational<Int64> duration() const;
 
-    /// How many edit units can be found for sure, as far as the index and the
-    /// bytes of the container reach by now; -1/1 when that isn't known.
+    /// How many edit units can be found, as far as the index and the bytes of
+    /// the container reach by now. As long as neither tells, it is `duration`:
+    /// the first index segment may put it below.
     Templates::Rational<Int64> indexableDuration();
 
     /// The edit unit that comes next. While its elements are being read it is

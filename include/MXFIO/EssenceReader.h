@@ -72,8 +72,9 @@ public:
     /// that grows it is how much the container holds by the last refresh.
     Templates::Rational<Int64> duration() const;
 
-    /// Seconds that can be found for sure, by index and bytes that are there;
-    /// -1/1 when that isn't known.
+    /// Seconds that can be found, as far as index and bytes reach that are
+    /// there. As long as neither tells, it is what the container claims to
+    /// last; -1/1 when that isn't known either.
     Templates::Rational<Int64> indexableDuration() const;
 
     /// The time of the track that is furthest behind, in seconds: no track has

@@ -53,9 +53,11 @@ public:
     /// \param partition      the one that the container starts in
     /// \param searchLimit    bytes that may lie ahead of a key
     /// \param isClipWrapped  whether there is one element and no more
+    /// \return false when nothing follows the first edit unit, of which there
+    ///         may be more to come in a file that grows
     /// \throws Exceptions::InvalidFormat when a fill item stands where the
     ///         clip should.
-    void learnElements(Partition & partition, UInt64 searchLimit, bool isClipWrapped);
+    bool learnElements(Partition & partition, UInt64 searchLimit, bool isClipWrapped);
 
     /// The track numbers of the elements, in the order of the file.
     Templates::vector<unsigned int> elements() const;

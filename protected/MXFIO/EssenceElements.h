@@ -43,6 +43,9 @@ public:
     void learnClip(Reader & reader, Partition & partition, UInt64 searchLimit,
                    IndexTables::IndexTableSegment const * segment);
 
+    /// Whether they were learned from all of an edit unit, for certain.
+    bool areAll() const { return areAll_; }
+
     /// Null when there is none.
     Element const * find(unsigned int trackNumber) const;
 
@@ -64,6 +67,7 @@ private:
     Templates::map<unsigned int, Element> elements_;
     Templates::vector<Element const *> order_;
     unsigned int temporalReorderingTrack_ = 0;
+    bool areAll_ = false;
 };
 
 }

@@ -88,6 +88,8 @@ public:
 
 private:
     void open();
+    void learn();
+    void learnWhatCame();
     Partition * findFirstPartition();
     void measure();
     void measureAnyway();
@@ -115,6 +117,7 @@ private:
     UInt64 nextPacketOffset_ = 0;
     std::optional<KLV::Key> firstKey_;
     UInt64 firstPacketEnd_ = 0;
+    bool areElementsKnown_ = false;
 };
 
 ContentStorageReader::Impl::Impl(Reader & theReader, Metadata::Structural::EssenceContainerData & container,
@@ -138,21 +141,39 @@ ContentStorageReader::Impl::Impl(Reader & theReader, Metadata::Structural::Essen
 
 void ContentStorageReader::Impl::open()
 {
-    if (rewind())
-    {
-        measure();
-        if (findFirstPacket())
-        {
-            isClipWrapped = decideClip();
-            seeker->learnElements(*current_, SEARCH_LIMIT, isClipWrapped);
-        }
-    }
+    learn();
     if (isStreaming && reader2 != nullptr)
         walker_ = std::make_unique<StreamingPartitionWalker>(*reader2, metadata.bodySID());
 
     deriveDuration();
     seeker->setExtent(containerSize, duration);
     rewind();
+}
+
+// Learns from the first packets how the container goes on. The position is
+// lost.
+void ContentStorageReader::Impl::learn()
+{
+    if (!rewind())
+        return;
+
+    measure();
+    if (!findFirstPacket())
+        return;
+    isClipWrapped = decideClip();
+    areElementsKnown_ = seeker->learnElements(*first_, SEARCH_LIMIT, isClipWrapped);
+}
+
+// In a file that grows the first edit unit may have come bit by bit.
+void ContentStorageReader::Impl::learnWhatCame()
+{
+    if (firstKey_)
+        areElementsKnown_ = seeker->learnElements(*first_, SEARCH_LIMIT, isClipWrapped);
+    else
+    {
+        learn();
+        rewind();
+    }
 }
 
 // Goes to the start of the container; false when it has no partition.
@@ -180,11 +201,12 @@ Partition * ContentStorageReader::Impl::findFirstPartition()
     return reader.nextPartition(header, metadata.bodySID());
 }
 
-// Measures the container where that is wanted or costs little.
+// Measures the container where that is wanted or costs little. The size of
+// one that may have grown is of no use any more.
 void ContentStorageReader::Impl::measure()
 {
     bool const hasFooter = reader2 != nullptr && !isStreaming;
-    bool const isWanted = computeSize_ && (containerSize < 0 || isStreaming);
+    bool const isWanted = containerSize < 0 ? computeSize_ : isStreaming;
     if (isWanted || (hasFooter && seeker->editUnitByteCount() != 0))
         measureAnyway();
 }
@@ -281,8 +303,10 @@ Ratio ContentStorageReader::Impl::measuredUnits()
 {
     Int64 const end = seeker->endOfIndex();
     unsigned int const byteCount = seeker->editUnitByteCount();
-    if (end > 0 || byteCount == 0)
+    if (end > 0)
         return end;
+    if (byteCount == 0)
+        return UNKNOWN;
 
     if (containerSize < 0)
         measureAnyway();
@@ -307,6 +331,8 @@ void ContentStorageReader::Impl::refresh()
         growing_->refresh();
 
     seeker->refresh();
+    if (growing_ != nullptr && !areElementsKnown_)
+        learnWhatCame();
     measure();
     Ratio const before = duration;
     deriveDuration();
@@ -314,6 +340,7 @@ void ContentStorageReader::Impl::refresh()
     isAtEnd_ = isAtEnd_ && current_ == nullptr;
 }
 
+// Goes to where an edit unit is, as far as its place is known.
 bool ContentStorageReader::Impl::moveTo(UInt64 bodyOffset, Int64 target)
 {
     if (bodyOffset == 0)
@@ -331,6 +358,8 @@ bool ContentStorageReader::Impl::moveTo(UInt64 bodyOffset, Int64 target)
     partition->gotoBodyRelativePosition(bodyOffset);
     current_ = partition;
     isAtEnd_ = false;
+    editUnit = target;
+    nextElementIndex = 0;
     bodyPosition = bodyOffset;
     nextPacketOffset_ = source_.absoluteOffset();
     return true;
@@ -524,25 +553,25 @@ bool ContentStorageReader::seek(Int64 editUnit)
     }
 
     UInt64 bodyOffset = 0;
-    if (!impl_->seeker->bodyOffsetOf(editUnit, bodyOffset) || !impl_->moveTo(bodyOffset, editUnit))
-        return false;
-    impl_->editUnit = editUnit;
-    impl_->nextElementIndex = 0;
-    return true;
+    return impl_->seeker->bodyOffsetOf(editUnit, bodyOffset) && impl_->moveTo(bodyOffset, editUnit);
 }
 
 bool ContentStorageReader::fineSeek(Int64 editUnit, unsigned int trackNumber)
 {
+    UInt64 start = 0;
     UInt64 bodyOffset = 0;
-    if (editUnit < 0 || !impl_->seeker->elementOffsetOf(editUnit, trackNumber, bodyOffset) ||
-        !impl_->moveTo(bodyOffset, editUnit))
+    Seeker & seeker = *impl_->seeker;
+    if (editUnit < 0 || !seeker.elementOffsetOf(editUnit, trackNumber, bodyOffset) ||
+        !seeker.bodyOffsetOf(editUnit, start) || !impl_->moveTo(bodyOffset, editUnit))
         return false;
 
-    // Behind the first element its edit unit has been entered.
-    unsigned int index = 0;
-    impl_->seeker->elementIndex(trackNumber, index);
-    impl_->editUnit = index == 0 ? editUnit : editUnit + 1;
-    impl_->nextElementIndex = index;
+    // Behind the packet that starts it the edit unit has been entered. That
+    // packet need not be of an element.
+    if (bodyOffset > start)
+    {
+        ++impl_->editUnit;
+        seeker.elementIndex(trackNumber, impl_->nextElementIndex);
+    }
     return true;
 }
 

@@ -12,6 +12,10 @@
 #include "MXFIO/Reader.h"
 #include "MXFIO/SaturatingSum.h"
 #include "MXFIO/Unreadable.h"
+#include "Platform/Allocator.h"
+
+#include <functional>
+#include <set>
 
 namespace Vantry { namespace MXFIO {
 
@@ -90,7 +94,8 @@ bool EssenceElements::learnBy(Partition & partition, UInt64 searchLimit, IndexTa
     clear();
     partition.rewind();
     DeltaWalk walk(segment);
-    while (size() < MOST_ELEMENTS)
+    std::set<unsigned int, std::less<>, Platform::Allocator<unsigned int>> met;
+    while (!areAll_ && met.size() < MOST_ELEMENTS)
     {
         Templates::auto_ptr<KLV::Packet> const packet =
             nothingIfUnreadable([&] { return partition.nextBodyKLV(searchLimit); });
@@ -99,9 +104,10 @@ bool EssenceElements::learnBy(Partition & partition, UInt64 searchLimit, IndexTa
 
         if (!KLV::isFillItem(packet->key()))
         {
-            if (find(key2TrackNumber(packet->key())) != nullptr)
-                break;
-            if (walk.isElement())
+            // The second edit unit starts, whether its first packet is of an
+            // element or not.
+            areAll_ = !met.insert(key2TrackNumber(packet->key()) & ~ELEMENT_COUNT_BYTE).second;
+            if (!areAll_ && walk.isElement())
                 add(packet->key(), walk.take());
         }
         walk.pass(packet->klvLength());
@@ -120,6 +126,7 @@ void EssenceElements::learnClip(Reader & reader, Partition & partition, UInt64 s
     VANTRY_CHECK_TEXT(!KLV::isFillItem(key), "!KLV::isFillItem (key)", InvalidFormat,
                       "Expected Essence KLV on clip-wrapped body partition");
     add(key, DeltaWalk(segment).take());
+    areAll_ = true;
 }
 
 EssenceElements::Element const * EssenceElements::find(unsigned int trackNumber) const
@@ -143,6 +150,7 @@ void EssenceElements::clear()
     order_.clear();
     elements_.clear();
     temporalReorderingTrack_ = 0;
+    areAll_ = false;
 }
 
 }}

@@ -193,7 +193,7 @@ void Seeker::setContentStorageProfile(Templates::SharedPtr<ContentStorageProfile
     impl_->refresh();
 }
 
-void Seeker::learnElements(Partition & partition, UInt64 searchLimit, bool isClipWrapped)
+bool Seeker::learnElements(Partition & partition, UInt64 searchLimit, bool isClipWrapped)
 {
     Reader & reader = impl_->container.reader;
     IndexTables::IndexTableSegment const * const segment = impl_->firstSegment.get();
@@ -201,6 +201,7 @@ void Seeker::learnElements(Partition & partition, UInt64 searchLimit, bool isCli
         impl_->elements.learnClip(reader, partition, searchLimit, segment);
     else
         impl_->elements.learn(reader, partition, searchLimit, segment);
+    return impl_->elements.areAll();
 }
 
 Templates::vector<unsigned int> Seeker::elements() const
