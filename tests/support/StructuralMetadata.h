@@ -118,10 +118,11 @@ public:
             for (KLV::Key const & key : structuralKeys())
             {
                 Metadata::MetadataSet & made = *metadata_->createMetadataSet(key);
+                Types::UUID const instanceUID(*made.instanceUID());
                 Set * const set = dynamic_cast<Set *>(&made);
                 if (set != nullptr && (derived || typeid(made) == typeid(Set)))
                     return *set;
-                metadata_->removeMetadataSet(Types::UUID(*made.instanceUID()));
+                metadata_->removeMetadataSet(instanceUID);
             }
         throw std::logic_error("no set of this class");
     }
