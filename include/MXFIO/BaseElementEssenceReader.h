@@ -67,6 +67,9 @@ protected:
     /// edit unit.
     virtual bool moveTo(Int64 containerEditUnit) = 0;
 
+    /// Goes behind the clip, whose end is known. The container stays.
+    virtual void moveToEnd();
+
     ContentStorageReader & reader() const { return reader_; }
     Seeker & seeker() const;
 

@@ -24,6 +24,7 @@ public:
 
 protected:
     bool moveTo(Int64 containerEditUnit) override;
+    void moveToEnd() override;
 
 private:
     class Packet;

@@ -114,7 +114,7 @@ bool BaseElementEssenceReader::setPosition(Int64 position)
         return false;
     if (position == clip_.duration)
     {
-        nextEditUnit_ = endEditUnit_;
+        moveToEnd();
         return true;
     }
 
@@ -153,6 +153,11 @@ Ratio BaseElementEssenceReader::editUnitsToSeconds(Ratio const & editUnits) cons
 Ratio BaseElementEssenceReader::secondsToEditUnits(Ratio const & seconds) const
 {
     return seconds2EditUnits(seconds, clip_.trackRate);
+}
+
+void BaseElementEssenceReader::moveToEnd()
+{
+    nextEditUnit_ = endEditUnit_;
 }
 
 Templates::auto_ptr<KLV::Packet> BaseElementEssenceReader::nextPacket(UInt64 searchLimit)

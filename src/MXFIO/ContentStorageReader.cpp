@@ -77,14 +77,14 @@ public:
     std::unique_ptr<Seeker> seeker;
     SystemItemKLVPacketListener * systemItemListener = nullptr;
 
-    bool isClipWrapped = false;
     Ratio unitRate;
     Ratio duration;
     Int64 containerSize = -1;
 
     Int64 editUnit = 0;
-    unsigned int nextElementIndex = 0;
     UInt64 bodyPosition = 0;
+    unsigned int nextElementIndex = 0;
+    bool isClipWrapped = false;
 
 private:
     void open();
@@ -113,10 +113,10 @@ private:
 
     Partition * first_ = nullptr;
     Partition * current_ = nullptr;
-    bool isAtEnd_ = false;
     UInt64 nextPacketOffset_ = 0;
-    std::optional<KLV::Key> firstKey_;
     UInt64 firstPacketEnd_ = 0;
+    std::optional<KLV::Key> firstKey_;
+    bool isAtEnd_ = false;
     bool areElementsKnown_ = false;
 };
 

@@ -96,6 +96,12 @@ bool ElementEssenceReaderClipWrapEmulated::moveTo(Int64 containerEditUnit)
     return true;
 }
 
+void ElementEssenceReaderClipWrapEmulated::moveToEnd()
+{
+    BaseElementEssenceReader::moveToEnd();
+    samplePosition_ = endTrackEditUnit();
+}
+
 // Finds the clip, once.
 bool ElementEssenceReaderClipWrapEmulated::fetch(UInt64 searchLimit)
 {

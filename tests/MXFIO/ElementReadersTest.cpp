@@ -247,6 +247,10 @@ TEST(ElementReader, ReadsAClipInPieces)
         ReaderPtr const clip = open.content.elementReader(1, 2, 1, {25, 1}, true);
         EXPECT_EQ(next(*clip), samples(3840, 5760));
         EXPECT_EQ(next(*clip), Bytes());
+        EXPECT_TRUE(clip->setPosition(0));
+        EXPECT_TRUE(clip->setPosition(1)) << "the end counts as one";
+        EXPECT_EQ(clip->position(), 1);
+        EXPECT_EQ(next(*clip), Bytes());
     }
 
     // What is cut off isn't there.
