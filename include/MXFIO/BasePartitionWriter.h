@@ -46,8 +46,8 @@ public:
     virtual void endOfFooterKAGSize(unsigned int kagSize);
     virtual unsigned int endOfFooterKAGSize() const;
 
-    /// Bytes of fill behind the metadata, so that they can grow. A fill item
-    /// takes 20 bytes at least.
+    /// Bytes of fill behind the metadata, so that they can grow. What is too
+    /// small for a fill item, below 20 bytes, is left out.
     void metadataSpareSpace(UInt64 bytes) { metadataSpareSpace_ = bytes; }
 
     /// Bytes up to which spare space is added to metadata; 0 for any number.
@@ -87,6 +87,7 @@ protected:
 
 private:
     UInt64 spareSpace(UInt64 metadataSize) const;
+    UInt64 alignedSize(UInt64 size) const;
     void serializeMetadata(Metadata::PartitionMetadata & metadata, UInt64 headerByteCount,
                            DataIO::DataSink & sink) const;
 

@@ -27,7 +27,13 @@ BasePartitionWriter::~BasePartitionWriter() = default;
 UInt64 BasePartitionWriter::headerByteCount(Metadata::PartitionMetadata & metadata) const
 {
     UInt64 const metadataSize = metadata.serializedSize(true, true);
-    UInt64 const size = metadataSize + spareSpace(metadataSize);
+    UInt64 const spare = spareSpace(metadataSize);
+    UInt64 const size = alignedSize(metadataSize + spare);
+    return size - metadataSize >= SMALLEST_FILL || spare == 0 ? size : alignedSize(metadataSize);
+}
+
+UInt64 BasePartitionWriter::alignedSize(UInt64 size) const
+{
     return size + Utils::alignBytes(kagSize(), size, SMALLEST_FILL);
 }
 

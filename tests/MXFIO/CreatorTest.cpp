@@ -4,7 +4,7 @@
 #include "Exceptions/InvalidValue.h"
 #include "MXFIO/KLVSource.h"
 #include "support/Failure.h"
-#include "support/MemoryEssence.h"
+#include "support/MemorySources.h"
 #include "support/OpenFile.h"
 #include "support/WrittenFile.h"
 

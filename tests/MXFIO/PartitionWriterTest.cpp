@@ -5,7 +5,7 @@
 #include "MXFIO/GenericStreamPartitionWriter.h"
 #include "MXFIO/IndexTableGenerator.h"
 #include "support/Failure.h"
-#include "support/MemoryEssence.h"
+#include "support/MemorySources.h"
 
 #include <gtest/gtest.h>
 
@@ -42,6 +42,8 @@ TEST(PartitionWriter, MakesRoomForMetadata)
         {1000, size + 2000, 1, 1000},
         {1000, size, 1, 0},
         {1000, 1, 1, 0},
+        {1000, size + 19, 1, 0},
+        {20, 0, 1, 20},
         {0, 0, 512, toLine >= 20 ? toLine : toLine + 512},
     };
     for (Case const & c : CASES)

@@ -154,10 +154,10 @@ protected:
 using MemoryStream = MemorySource<GenericStream::Source>;
 
 /// An essence container with the index tables of the library.
-class MemoryEssence : public MemorySource<GenericContainer::Source>
+class MemoryContainer : public MemorySource<GenericContainer::Source>
 {
 public:
-    MemoryEssence(EssencePlanPtr const & plan, unsigned char element, Metadata::Structural::SourcePackage & package) :
+    MemoryContainer(EssencePlanPtr const & plan, unsigned char element, Metadata::Structural::SourcePackage & package) :
         MemorySource(plan, element), package_(package), label_(essenceKey()), rate_(25)
     {
         UInt32 const size = static_cast<UInt32>(plan->unitSize);
@@ -221,7 +221,7 @@ struct EssenceMetadata
 
     Templates::auto_ptr<GenericContainer::Source> source(EssencePlanPtr const & plan, unsigned char element = 1)
     {
-        return Templates::auto_ptr<GenericContainer::Source>(new MemoryEssence(plan, element, package));
+        return Templates::auto_ptr<GenericContainer::Source>(new MemoryContainer(plan, element, package));
     }
 
     StructuralMetadata metadata;
