@@ -1,13 +1,14 @@
 // Analyzes any bytes as a stream of essence, and stops when the edit units
 // aren't a run of the stream, or one comes after the last.
 //
-// Input: one byte, 0 for MPEG-2 video and others for a wave, its lower bits
-// for the channel; and the stream.
+// Input: one byte, 0 for MPEG-2 video, 1 for ancillary packets and others for
+// a wave, its lower bits for the channel; and the stream.
 
 #include "Analyzers/MPEG2VideoAnalyzer.h"
 #include "Analyzers/WaveAnalyzer.h"
 #include "Exceptions/BaseException.h"
 #include "GenericContainer/EditUnit.h"
+#include "GenericContainer/S436M/ANCPacketsAnalyzer.h"
 #include "support/QueuedBytes.h"
 
 #include <cstdint>
@@ -24,6 +25,8 @@ std::unique_ptr<GenericContainer::EssenceAnalyzer> analyzerOf(std::uint8_t kind,
     using Analyzers::WaveAnalyzer;
     if (kind == 0)
         return std::make_unique<Analyzers::MPEG2VideoAnalyzer>(Tests::queuedBytes(data, size));
+    if (kind == 1)
+        return std::make_unique<GenericContainer::S436M::ANCPacketsAnalyzer>(Tests::queuedBytes(data, size));
     return std::make_unique<WaveAnalyzer>(Tests::queuedBytes(data, size), WaveAnalyzer::Labels::CLIP,
                                           WaveAnalyzer::Labels::BROADCAST_WAVE,
                                           kind % 4 == 0 ? WaveAnalyzer::ALL_CHANNELS : kind % 4 - 1);

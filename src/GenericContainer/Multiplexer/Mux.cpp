@@ -6,7 +6,10 @@
 #include "Exceptions/InvalidLength.h"
 #include "GenericContainer/ContainerBuilder.h"
 #include "GenericContainer/Multiplexer/FrameWorker_impl.h"
+#include "GenericContainer/S436M/ANCPacketsAnalyzer.h"
+#include "GenericContainer/S436M/VBIDataAnalyzer.h"
 #include "MXFIO/IndexTableGenerator.h"
+#include "Platform/WideLiteral.h"
 #include "Utils/Fill.h"
 
 #include <algorithm>
@@ -20,8 +23,13 @@ namespace {
 // Key and length field of a fill item.
 unsigned int const FILL_MARGIN = 20;
 
-// Ahead of these numbers are those of VBI data and ANC packets (SMPTE 436M).
+// VBI data and ANC packets (SMPTE 436M) have one number, and others follow:
+// the byte ahead of it tells the two apart.
+unsigned char const ANCILLARY_NUMBER = 1;
 unsigned char const FIRST_DATA_NUMBER = 2;
+
+constexpr char16_t SECOND_VBI[] = u"There can be only one VBIDataAnalyzer per Content Package (S436M-4.2).";
+constexpr char16_t SECOND_ANC[] = u"There can be only one ANCPacketsAnalyzer per Content Package (S436M-4.2).";
 
 EssenceAnalyzerType const ITEM_ORDER[] = {ANALYZER_COMPOUND, ANALYZER_PICTURE, ANALYZER_SOUND, ANALYZER_DATA};
 
@@ -71,6 +79,8 @@ private:
     bool systemFill_ = false;
     PaddingKind padding_ = PADD_TO_ELEMENT;
     bool inputOrder_ = false;
+    bool vbiDataAnalyzerExists_ = false;
+    bool ancPacketsAnalyzerExists_ = false;
     Templates::vector<Kind> kindsInInputOrder_;
 };
 
@@ -107,8 +117,21 @@ void Mux::Impl::addSystem(PreEntry const & preEntry)
     systemFill_ = preEntry.fill;
 }
 
-unsigned char Mux::Impl::elementNumber(Kind kind, EssenceAnalyzer const &)
+unsigned char Mux::Impl::elementNumber(Kind kind, EssenceAnalyzer const & analyzer)
 {
+    if (dynamic_cast<S436M::VBIDataAnalyzer const *>(&analyzer) != nullptr)
+    {
+        VANTRY_CHECK(!vbiDataAnalyzerExists_, InvalidFormat, Platform::wide(SECOND_VBI).text);
+        vbiDataAnalyzerExists_ = true;
+        return ANCILLARY_NUMBER;
+    }
+    if (dynamic_cast<S436M::ANCPacketsAnalyzer const *>(&analyzer) != nullptr)
+    {
+        VANTRY_CHECK(!ancPacketsAnalyzerExists_, InvalidFormat, Platform::wide(SECOND_ANC).text);
+        ancPacketsAnalyzerExists_ = true;
+        return ANCILLARY_NUMBER;
+    }
+
     auto const count = static_cast<unsigned char>(preEntries(kind).size());
     return kind == ANALYZER_DATA ? static_cast<unsigned char>(count + FIRST_DATA_NUMBER) : count;
 }
