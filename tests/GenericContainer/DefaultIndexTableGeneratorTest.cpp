@@ -28,54 +28,40 @@ using Segments = std::vector<Templates::SharedPtr<IndexTableSegment>>;
 
 Segments segmentsIn(Bytes const & bytes);
 
-IndexEntryData const VARIABLE = {0, 0, 0, false, false, false, false, false};
-
-IndexEntryData constant(UInt32 size)
+// An element of constant size or, with 0, of variable size.
+struct Element : IndexEntryData
 {
-    return {size, 0, 0, false, false, false, false, true};
+    Element(UInt32 size) : IndexEntryData{size, 0, 0, false, false, false, false, size != 0} {}
+
+    Element with(bool IndexEntryData::*mark, UInt32 IndexEntryData::*size = nullptr, UInt32 bytes = 0) const
+    {
+        Element changed = *this;
+        changed.*mark = true;
+        if (size != nullptr)
+            changed.*size = bytes;
+        return changed;
+    }
+
+    Element temporal() const { return with(&IndexEntryData::isTemporal); }
+    Element extended() const { return with(&IndexEntryData::needsExtendedIndex); }
+    Element closing(UInt32 item) const { return with(&IndexEntryData::isPadToItem, &IndexEntryData::itemSize, item); }
+    Element filled(UInt32 bound = 0) const
+    {
+        return with(&IndexEntryData::isFilled, &IndexEntryData::boundedEditUnitSize, bound);
+    }
+};
+
+IndexSegmentInfo frames(std::vector<Element> const & elements, UInt32 paddedSize = 0, bool extendedTable = false)
+{
+    return {{30000, 1001}, 20,
+            paddedSize,    IndexSegmentInfo::FRAME_WRAPPING,
+            extendedTable, {elements.begin(), elements.end()}};
 }
 
-IndexEntryData extended(IndexEntryData element)
+IndexSegmentInfo clip(std::vector<Element> const & elements, bool extendedTable = false)
 {
-    element.needsExtendedIndex = true;
-    return element;
-}
-
-IndexEntryData filled(IndexEntryData element, UInt32 bound = 0)
-{
-    element.isFilled = true;
-    element.boundedEditUnitSize = bound;
-    return element;
-}
-
-IndexEntryData closing(IndexEntryData element, UInt32 itemSize)
-{
-    element.isPadToItem = true;
-    element.itemSize = itemSize;
-    return element;
-}
-
-IndexEntryData temporal(IndexEntryData element)
-{
-    element.isTemporal = true;
-    return element;
-}
-
-IndexSegmentInfo frames(std::vector<IndexEntryData> const & elements, UInt32 paddedSize = 0)
-{
-    return {{30000, 1001}, 20, paddedSize, IndexSegmentInfo::FRAME_WRAPPING, false, {elements.begin(), elements.end()}};
-}
-
-IndexSegmentInfo clip(std::vector<IndexEntryData> const & elements)
-{
-    IndexSegmentInfo info = frames(elements);
+    IndexSegmentInfo info = frames(elements, 0, extendedTable);
     info.wrapKind = IndexSegmentInfo::CLIP_WRAPPING;
-    return info;
-}
-
-IndexSegmentInfo withEntries(IndexSegmentInfo info)
-{
-    info.extendedTable = true;
     return info;
 }
 
@@ -166,36 +152,34 @@ TEST(DefaultIndexTableGenerator, TellsWhereElementsLie)
         IndexTableSegmentType resolved;
         char const * expected;
     };
-    IndexEntryData const bounded = {540, 500, 0, false, false, true, false, false};
+    Element const variable = 0;
+    Element bounded = Element(540).filled(500);
+    bounded.isCBE = false;
     Case const cases[] = {
-        {"one constant element", frames({constant(1000)}), INDEX_AUTOMATIC, INDEX_CONSTANT_ELEMENT, "| - - | 1000"},
-        {"one of type 1", frames({constant(1000)}), INDEX_CONSTANT, INDEX_CONSTANT, "0:0:0 | 0 - | 1000"},
-        {"two constant elements", frames({constant(1000), constant(500)}), INDEX_AUTOMATIC, INDEX_CONSTANT,
-         "0:0:0 0:0:1000 | 0 - | 1500"},
-        {"variable ones among constant ones",
-         frames({constant(97), temporal(VARIABLE), constant(500), VARIABLE, constant(60)}), INDEX_AUTOMATIC,
+        {"one constant element", frames({Element(1000)}), INDEX_AUTOMATIC, INDEX_CONSTANT_ELEMENT, "| - - | 1000"},
+        {"one of type 1", frames({Element(1000)}), INDEX_CONSTANT, INDEX_CONSTANT, "0:0:0 | 0 - | 1000"},
+        {"two constant elements", frames({1000, 500}), INDEX_AUTOMATIC, INDEX_CONSTANT, "0:0:0 0:0:1000 | 0 - | 1500"},
+        {"variable ones among constant ones", frames({97, variable.temporal(), 500, variable, 60}), INDEX_AUTOMATIC,
          INDEX_VARIABLE, "0:0:0 -1:0:97 0:1:0 0:1:500 0:2:0 | 2 - | 0"},
-        {"a variable one in a padded edit unit", frames({VARIABLE, constant(500)}, 4096), INDEX_AUTOMATIC,
-         INDEX_VARIABLE, "0:0:0 0:1:0 | 1 - | 4096"},
-        {"constant with positions",
-         withEntries(frames({constant(1000), extended(constant(500)), extended(constant(500)), constant(9)})),
+        {"a variable one in a padded edit unit", frames({variable, 500}, 4096), INDEX_AUTOMATIC, INDEX_VARIABLE,
+         "0:0:0 0:1:0 | 1 - | 4096"},
+        {"constant with positions", frames({1000, Element(500).extended(), Element(500).extended(), 9}, 0, true),
          INDEX_AUTOMATIC, INDEX_VARIABLE, "0:0:0 1:0:1000 2:1:0 0:2:0 | 2 2 | 2009"},
-        {"fill at a constant place", frames({filled(constant(1000), 900), constant(500)}), INDEX_AUTOMATIC_WITH_FILL,
+        {"fill at a constant place", frames({Element(1000).filled(900), 500}), INDEX_AUTOMATIC_WITH_FILL,
          INDEX_CONSTANT_WITH_FILL, "0:0:0 0:0:920 0:0:1000 | 0 - | 1500"},
-        {"fill behind a variable one", frames({filled(VARIABLE), constant(500), VARIABLE}), INDEX_AUTOMATIC_WITH_FILL,
+        {"fill behind a variable one", frames({variable.filled(), 500, variable}), INDEX_AUTOMATIC_WITH_FILL,
          INDEX_VARIABLE_WITH_FILL, "0:0:0 0:1:0 0:1:0 0:1:500 | 1 - | 0"},
-        {"fill behind a bounded one", frames({bounded, VARIABLE}), INDEX_AUTOMATIC_WITH_FILL, INDEX_VARIABLE_WITH_FILL,
+        {"fill behind a bounded one", frames({bounded, variable}), INDEX_AUTOMATIC_WITH_FILL, INDEX_VARIABLE_WITH_FILL,
          "0:0:0 0:1:0 0:1:0 | 1 - | 0"},
-        {"fill that isn't asked for", frames({bounded, VARIABLE}), INDEX_AUTOMATIC, INDEX_VARIABLE,
+        {"fill that isn't asked for", frames({bounded, variable}), INDEX_AUTOMATIC, INDEX_VARIABLE,
          "0:0:0 0:0:540 | 0 - | 0"},
-        {"a padded item", frames({constant(300), closing(constant(200), 1000), constant(50)}), INDEX_AUTOMATIC,
-         INDEX_CONSTANT, "0:0:0 0:0:300 0:0:1000 | 0 - | 1050"},
-        {"a padded edit unit", frames({constant(300), closing(constant(200), 0)}, 4096), INDEX_AUTOMATIC,
-         INDEX_CONSTANT, "0:0:0 0:0:300 | 0 - | 4096"},
-        {"a clip of constant edit units", clip({constant(8)}), INDEX_AUTOMATIC, INDEX_CONSTANT_ELEMENT, "| - - | 8"},
-        {"a clip with order", withEntries(clip({temporal(VARIABLE)})), INDEX_AUTOMATIC, INDEX_VARIABLE,
-         "-1:0:0 | 0 - | 0"},
-        {"a clip with positions", withEntries(clip({extended(constant(8))})), INDEX_AUTOMATIC, INDEX_VARIABLE,
+        {"a padded item", frames({300, Element(200).closing(1000), 50}), INDEX_AUTOMATIC, INDEX_CONSTANT,
+         "0:0:0 0:0:300 0:0:1000 | 0 - | 1050"},
+        {"a padded edit unit", frames({300, Element(200).closing(0)}, 4096), INDEX_AUTOMATIC, INDEX_CONSTANT,
+         "0:0:0 0:0:300 | 0 - | 4096"},
+        {"a clip of constant edit units", clip({Element(8)}), INDEX_AUTOMATIC, INDEX_CONSTANT_ELEMENT, "| - - | 8"},
+        {"a clip with order", clip({variable.temporal()}, true), INDEX_AUTOMATIC, INDEX_VARIABLE, "-1:0:0 | 0 - | 0"},
+        {"a clip with positions", clip({Element(8).extended()}, true), INDEX_AUTOMATIC, INDEX_VARIABLE,
          "1:0:0 | 0 1 | 8"},
         {"a container of nothing", frames({}), INDEX_AUTOMATIC, INDEX_CONSTANT, "| - - | 0"},
     };
@@ -217,14 +201,17 @@ TEST(DefaultIndexTableGenerator, TellsWhereElementsLie)
     }
 }
 
+// It takes over from another generator after 100 edit units.
 TEST(DefaultIndexTableGenerator, ClosesASegmentAt64KB)
 {
-    UInt64 const count = 20000;
-    Writing writing(withEntries(frames({VARIABLE, extended(VARIABLE), VARIABLE})), INDEX_AUTOMATIC);
+    UInt64 const first = 100, count = 20000;
+    Writing writing(frames({0, Element(0).extended(), 0}, 0, true), INDEX_AUTOMATIC);
+    writing.editUnits = first;
+    writing.generator.currentContentInfo(first, 0);
     writing.writeEditUnits(count);
     Segments const segments = writing.writePartition(true);
 
-    UInt64 editUnit = 0;
+    UInt64 editUnit = first;
     for (auto const & segment : segments)
     {
         UInt64 const size = segment->serializedSize();
@@ -235,7 +222,7 @@ TEST(DefaultIndexTableGenerator, ClosesASegmentAt64KB)
         for (unsigned int i = 0; i < segment->indexEntryCount(); ++i)
             ASSERT_EQ(Tests::serialized(segment->indexEntry(i)), Tests::serialized(Writing::entry(editUnit++, 2, 1)));
     }
-    EXPECT_EQ(editUnit, count);
+    EXPECT_EQ(editUnit, first + count);
 }
 
 TEST(DefaultIndexTableGenerator, GivesEachPartitionWhatItsStrategyAsksFor)
@@ -260,8 +247,7 @@ TEST(DefaultIndexTableGenerator, GivesEachPartitionWhatItsStrategyAsksFor)
         for (bool isConstant : {false, true})
         {
             SCOPED_TRACE(testing::Message() << c.duringEssence << " " << c.afterEssence << " " << isConstant);
-            Writing writing(frames({isConstant ? constant(100) : VARIABLE}), INDEX_AUTOMATIC, c.duringEssence,
-                            c.afterEssence);
+            Writing writing(frames({Element(isConstant ? 100 : 0)}), INDEX_AUTOMATIC, c.duringEssence, c.afterEssence);
             std::string text;
             for (unsigned int partition = 0; partition < 4; ++partition)
             {
@@ -279,7 +265,7 @@ TEST(DefaultIndexTableGenerator, GivesEachPartitionWhatItsStrategyAsksFor)
 // written again when it has more.
 TEST(DefaultIndexTableGenerator, WritesAnOpenSegmentAgain)
 {
-    Writing writing(frames({VARIABLE}), INDEX_VARIABLE, INDEX_FOLLOWING, INDEX_FOLLOWING);
+    Writing writing(frames({Element(0)}), INDEX_VARIABLE, INDEX_FOLLOWING, INDEX_FOLLOWING);
     writing.writeEditUnits(2);
     Tests::BytesSink sink;
     writing.generator.writeIndexSegments(false, sink);
@@ -291,26 +277,15 @@ TEST(DefaultIndexTableGenerator, WritesAnOpenSegmentAgain)
     EXPECT_EQ(late[0]->indexDuration().value(), 3);
 }
 
-TEST(DefaultIndexTableGenerator, GoesOnWhereAnotherStopped)
-{
-    Writing writing(frames({VARIABLE}), INDEX_VARIABLE);
-    writing.editUnits = 100;
-    writing.generator.currentContentInfo(100, 100000);
-    writing.writeEditUnits(2);
-    Segments const segments = writing.writePartition(false);
-    EXPECT_EQ(segments.at(0)->indexStartPosition().value(), 100);
-    EXPECT_EQ(segments.at(0)->indexDuration().value(), 2);
-}
-
 TEST(DefaultIndexTableGenerator, IsSetUpOnceBeforeItsUse)
 {
     DefaultIndexTableGenerator twice, late, never;
-    twice.setupIndexSegments(frames({VARIABLE}));
+    twice.setupIndexSegments(frames({Element(0)}));
     EXPECT_FAILURE(InvalidState, "indexSegmentInfo_.get () == 0: DefaultIndexTableGenerator was already configured.",
-                   twice.setupIndexSegments(frames({VARIABLE})));
+                   twice.setupIndexSegments(frames({Element(0)})));
     EXPECT_EQ(late.sliceCount(), 0);
     EXPECT_FAILURE(InvalidState, "!initialized_: Unable to configue Index Segment that was already used.",
-                   late.setupIndexSegments(frames({VARIABLE})));
+                   late.setupIndexSegments(frames({Element(0)})));
 
     never.indexStrategies(INDEX_NONE, INDEX_REPEATED, INDEX_AUTOMATIC);
     for (int i = 0; i < 2; ++i)
@@ -321,11 +296,11 @@ TEST(DefaultIndexTableGenerator, IsSetUpOnceBeforeItsUse)
     EXPECT_FAILURE(NotImplemented,
                    "Cannot generate IndexTables for more then one Clip wrapped element. Please use OP1b or higher or "
                    "discard indexTables.",
-                   Writing(clip({VARIABLE, VARIABLE}), INDEX_VARIABLE).generator.updateIndex());
+                   Writing(clip({0, 0}), INDEX_VARIABLE).generator.updateIndex());
     EXPECT_FAILURE(IndexOutOfBounds,
                    "slice_ <= MOST_SLICES && posTableIndex <= MOST_POSITIONS: The container has more elements of "
                    "variable size or place than an index table can tell apart.",
-                   Writing(frames(std::vector<IndexEntryData>(257, VARIABLE)), INDEX_VARIABLE).generator.updateIndex());
+                   Writing(frames(std::vector<Element>(257, 0)), INDEX_VARIABLE).generator.updateIndex());
 }
 
 }}}

@@ -208,45 +208,6 @@ TEST(IndexEntryBuilder, AgreesWithFFmpeg)
     }
 }
 
-// Two elements of variable size with constant ones between and behind them.
-TEST(IndexEntryBuilder, RecordsSlicesWhileTheTableHasThem)
-{
-    struct Case
-    {
-        MXFIO::IndexTableSegmentType type;
-        unsigned char slices;
-        std::vector<unsigned int> expected;
-    };
-    Case const cases[] = {
-        {MXFIO::INDEX_VARIABLE, 2, {1000, 3000}},
-        {MXFIO::INDEX_VARIABLE_WITH_FILL, 2, {900, 2950}}, // slices start with their fill
-        {MXFIO::INDEX_VARIABLE, 1, {1000}},
-        {MXFIO::INDEX_CONSTANT, 0, {}},
-    };
-    for (Case const & c : cases)
-    {
-        Entries generator;
-        generator.type = c.type;
-        generator.slices = c.slices;
-        IndexEntryBuilder builder;
-        builder.indexTableGenerator(&generator);
-        for (UInt64 offset : {0, 5000})
-        {
-            builder.prepareNewEntry(offset);
-            builder.processAnalyzerIndexEntrySliceOffset(true, 100, 1000);
-            builder.processAnalyzerIndexEntrySliceOffset(false, 0, 2000);
-            builder.processAnalyzerIndexEntrySliceOffset(true, 50, 3000);
-            builder.appendIndexEntry();
-
-            std::vector<unsigned int> slices;
-            for (unsigned int i = 0; i < generator.entries.back().sliceOffsetCount(); ++i)
-                slices.push_back(generator.entries.back().sliceOffset(i));
-            EXPECT_EQ(slices, c.expected);
-            EXPECT_EQ(generator.entries.back().streamOffset(), offset);
-        }
-    }
-}
-
 // Sound of 1920 samples at 48 kHz beside pictures at 29.97 Hz.
 TEST(IndexEntryBuilder, TellsTheFirstSampleOfAnElement)
 {
@@ -292,22 +253,14 @@ TEST(IndexEntryBuilder, FollowsItsGenerator)
 {
     Entries first, second;
     IndexEntryBuilder builder;
-    auto const writeEntry = [&]
+    for (Entries * generator : {static_cast<Entries *>(nullptr), &first, &second})
     {
         builder.prepareNewEntry(0);
-        builder.processAnalyzerIndexEntry(0, true, 0x80, 0);
-        builder.processAnalyzerIndexEntrySliceOffset(true, 0, 1);
+        builder.indexTableGenerator(generator);
+        builder.appendIndexEntry(); // prepared for another
+        builder.prepareNewEntry(1);
         builder.appendIndexEntry();
-    };
-    writeEntry(); // for nobody
-    builder.indexTableGenerator(&first);
-    writeEntry();
-    builder.prepareNewEntry(0);
-    builder.indexTableGenerator(&second);
-    builder.appendIndexEntry(); // prepared for another
-    writeEntry();
-    builder.indexTableGenerator(nullptr);
-    writeEntry();
+    }
     EXPECT_EQ(first.entries.size(), 1u);
     EXPECT_EQ(second.entries.size(), 1u);
 }
