@@ -80,7 +80,7 @@ UInt64 discard(Source & source)
 void run(benchmark::State & state, UInt64 pictureSize, UInt64 soundSize, int tracks, Rate const & rate)
 {
     Types::UniversalLabel const label(KLV::Key(reinterpret_cast<unsigned char const *>("0123456789ABCDEF")));
-    Multiplexer::Mux mux(nullptr, label, rate, nullptr);
+    Multiplexer::Mux mux(nullptr, label, rate);
     mux.addAnalyzer(Templates::SharedPtr<EssenceAnalyzer>(new Pictures(pictureSize, 0x15)), false, 0);
     for (int i = 0; i < tracks; ++i)
         mux.addAnalyzer(Templates::SharedPtr<EssenceAnalyzer>(new Sound(soundSize, 0x16)), false, 0);
