@@ -62,7 +62,7 @@ public:
 protected:
     /// Writes the identifier, of four characters, and the length of a chunk;
     /// ahead of them a zero where the sink stands at an odd position.
-    void writeChunkHeader(char const * const id, unsigned int length);
+    void writeChunkHeader(char const * id, unsigned int length);
 
     DataIO::DataSink & sink() noexcept { return sink_; }
 
