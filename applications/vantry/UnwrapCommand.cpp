@@ -110,7 +110,7 @@ std::vector<EssenceContainer> readContainers(MXFIO::Reader2 & reader, Schema::Ta
     if (!hasEssence(containers))
         containers = containersOf(reader, first, tables);
     if (!hasEssence(containers))
-        throw Failure(ExitStatus::FAILED, file, "its metadata tell of no essence in it");
+        throw Failure(ExitStatus::FAILED, file, "its metadata lead to no essence");
     return containers;
 }
 
@@ -137,8 +137,8 @@ nlohmann::ordered_json jsonOf(UnwrappedTrack const & track, bool isCounted)
 std::string lineOf(UnwrappedTrack const & track, bool isCounted)
 {
     std::string const editUnits = isCounted ? std::to_string(track.editUnits()) : "?";
-    return fmt::format("{}  {}, {} edit units, {} bytes\n", track.output().name(), track.track().kind, editUnits,
-                       track.output().size());
+    return fmt::format("{}  {}, {} edit unit{}, {} bytes\n", track.output().name(), track.track().kind, editUnits,
+                       editUnits == "1" ? "" : "s", track.output().size());
 }
 
 }

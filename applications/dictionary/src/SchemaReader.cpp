@@ -290,7 +290,9 @@ Json parse(std::string const & text, std::string const & source)
     }
     catch (Json::parse_error const & error)
     {
-        throw SchemaError(source + ": " + error.what());
+        // A mark for programs comes first, in brackets.
+        std::string const problem = error.what();
+        throw SchemaError(source + ": " + problem.substr(problem.find(' ') + 1));
     }
 }
 
