@@ -89,7 +89,8 @@ Bytes metadata(char const * container = FRAME_WRAPPED, Int64 duration = UNITS, b
 }
 
 /// A segment from edit unit `start` on: of one size, or with entries.
-Bytes index(Int64 start, Int64 duration, unsigned int entries, UInt32 unitSize = 0, int rate = 30000)
+Bytes index(Int64 start, Int64 duration, unsigned int entries, UInt32 unitSize = 0, int rate = 30000, UInt64 first = 0,
+            UInt64 distance = UNIT_SIZE)
 {
     auto const segment = indexSegment(start, duration);
     segment->indexSID(2);
@@ -97,7 +98,7 @@ Bytes index(Int64 start, Int64 duration, unsigned int entries, UInt32 unitSize =
     if (unitSize != 0)
         segment->editUnitByteCount(unitSize);
     for (unsigned int i = 0; i < entries; ++i)
-        segment->addIndexEntry(i, IndexTables::IndexEntry((static_cast<UInt64>(start) + i) * UNIT_SIZE));
+        segment->addIndexEntry(i, IndexTables::IndexEntry(first + (static_cast<UInt64>(start) + i) * distance));
     BytesSink sink;
     segment->serialize(sink);
     return sink.bytes();
@@ -256,6 +257,22 @@ TEST(InfoFacts, CountsByAnyIndex)
         {"a clip", clipWrapped(index(0, UNITS, 0, VALUE_SIZE)), 5, {}},
         {"a clip without index", clipWrapped({}), nullptr, {}},
     });
+}
+
+TEST(InfoFacts, CountsInACutClip)
+{
+    // Some makers count from the value of the clip, others from its key.
+    for (UInt64 first : {0, 20})
+    {
+        MXFFile const file(
+            {{HEADER, CLOSED, metadata(CLIP_WRAPPED), {}, 0, index(0, UNITS, UNITS, 0, 30000, first, VALUE_SIZE), 2},
+             {BODY, CLOSED, {}, packet(essenceKey(), counting(UNITS * VALUE_SIZE)), 1}});
+        UInt64 const value = file.offset(1) + MXFFile::PACK_SIZE + 20;
+        for (UInt64 size : {0, 1, 99, 100, 101, 300, 499, 500})
+            EXPECT_EQ(reportOn(file.bytes().first(value + size))["containers"][0]["readable_edit_units"],
+                      size / VALUE_SIZE)
+                << size << " bytes, counted from " << first;
+    }
 }
 
 TEST(InfoFacts, NamesEachFault)
