@@ -4,6 +4,8 @@
 #include "GenericContainer/Multiplexer/Mux.h"
 
 #include "Exceptions/AlreadySet.h"
+#include "Exceptions/Check.h"
+#include "Exceptions/IOError.h"
 #include "Exceptions/IndexOutOfBounds.h"
 #include "Exceptions/InvalidFormat.h"
 #include "Exceptions/InvalidLength.h"
@@ -425,6 +427,43 @@ TEST(Mux, RefusesWhatDoesNotFit)
                    container.add<MemorySound>(sizes({1})));
     EXPECT_FAILURE(InvalidState, "data_.sourcePackage != nullptr: The container has no source package",
                    container.mux.commit()->sourcePackage());
+}
+
+// Breaks down at its second edit unit, or stops giving them time.
+class FailingPictures : public MemoryPictures
+{
+public:
+    using MemoryPictures::MemoryPictures;
+
+    bool nextEditUnit(EditUnit & unit) override
+    {
+        bool const isFirst = !MemoryPictures::done();
+        if (!isFirst && breaksDown)
+            VANTRY_FAIL(IOError, "the tape is torn");
+        MemoryPictures::nextEditUnit(unit);
+        unit.valid = true;
+        return true;
+    }
+
+    bool done() override { return false; }
+
+    bool breaksDown = true;
+};
+
+TEST(Mux, PassesOnTheFailureOfAnAnalyzer)
+{
+    Container container;
+    container.add<MemorySound>(MemoryEssence::ofSizes({1, 2, 3}));
+    container.add<FailingPictures>(MemoryEssence::ofSizes({1}));
+    EXPECT_FAILURE(IOError, "the tape is torn", container.text());
+    EXPECT_EQ(dynamic_cast<MemorySound &>(*container.analyzers[0]).blocks.alive(), 0);
+
+    Container stuck;
+    stuck.add<FailingPictures>(MemoryEssence::ofSizes({1}));
+    dynamic_cast<FailingPictures &>(*stuck.analyzers[0]).breaksDown = false;
+    EXPECT_FAILURE(InvalidState,
+                   "unitsWithoutTime < MAXIMUM_UNITS_WITHOUT_TIME: An analyzer gives edit units that take no time",
+                   stuck.text());
 }
 
 TEST(Mux, MergesGridsAndNumbersTracks)
