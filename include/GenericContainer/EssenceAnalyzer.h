@@ -38,10 +38,11 @@ enum EssenceAnalyzerType : Int32
 ///
 /// Calls come in this order:
 ///
-/// - from the builder of a container: `editRate` with the rate of the
-///   container, `preload`, `containsTemporalDependencies`,
-///   `itemTypeIdentifier`, `essenceElementType`, `setMetadata`, `proposeKey`,
-///   `isCBE`, `boundedEditUnitSize`, `editRate`, `requiredKAGSize`;
+/// - as it is added to the builder of a container: `requiredKAGSize`;
+/// - as the builder commits: `editRate` with the rate of the container,
+///   `preload`, `containsTemporalDependencies`, `itemTypeIdentifier`,
+///   `essenceElementType`, `setMetadata`, `proposeKey`, `isCBE`,
+///   `boundedEditUnitSize`, `editRate`;
 /// - as the writing of the container is set up: `getPreChargeDuration`,
 ///   `getDuration` and, from the analyzer that gives the time code, `preload`
 ///   once more and `currentTimeCode`;

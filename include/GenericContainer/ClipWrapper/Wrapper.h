@@ -70,7 +70,8 @@ public:
     /// grid any more.
     void kagSize(unsigned int size);
 
-    /// Number of the track of the last analyzer; each has a range of 256.
+    /// Number of the next analyzer's first track or, when it is in use by now,
+    /// that of the last one's; the builder then goes on by 256.
     unsigned int nextBaseTrackID() const;
 
     /// \return false for 0 and when the number is in use; nothing changes then

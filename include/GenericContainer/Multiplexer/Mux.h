@@ -69,8 +69,9 @@ public:
     ///
     /// \param fill            store edit units of differing sizes at the size
     ///                        that bounds them
-    /// \param temporalOffset  seconds by which the essence lies behind the
-    ///                        start of the container
+    /// \param temporalOffset  seconds by which the essence starts later than
+    ///                        the container; below 0, its first content
+    ///                        package has what came earlier
     /// \param elementNumber   byte 15 of the key, below 128; from 128 on, as
     ///                        without it, the builder counts
     /// \throws Exceptions::IndexOutOfBounds when there are too many of its
@@ -116,7 +117,8 @@ public:
     /// The time code track counts on where the time code of the essence jumps.
     void suppressTimecodeDiscontinuities(bool suppress);
 
-    /// Number of the track of the last analyzer; each has a range of 256.
+    /// Number of the next analyzer's first track or, when it is in use by now,
+    /// that of the last one's; the builder then goes on by 256.
     unsigned int nextBaseTrackID() const;
 
     /// \return false when the number is in use; nothing changes then

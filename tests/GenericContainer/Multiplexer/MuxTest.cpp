@@ -16,7 +16,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <memory>
 
 namespace Vantry { namespace GenericContainer { namespace Multiplexer { namespace {
@@ -30,6 +29,22 @@ using MemorySystem = MemoryAnalyzer<SystemAnalyzer>;
 Types::UniversalLabel label()
 {
     return Types::UniversalLabel(hex("06 0E 2B 34 04 01 01 02 0D 01 03 01 02 04 60 01").data());
+}
+
+using Sizes = std::vector<std::size_t>;
+
+MemoryEssence same(std::size_t count, std::size_t size)
+{
+    return MemoryEssence::constant(count, size);
+}
+
+// Packets of system items with four bytes.
+MemoryEssence systemItems(std::size_t count)
+{
+    MemoryEssence essence = same(count, 24);
+    for (MemoryEssence::Unit & unit : essence.units)
+        unit.bytes = hex("06 0E 2B 34 02 05 01 01 0D 01 03 01 04 01 01 00 83 00 00 04 00 00 00 00");
+    return essence;
 }
 
 // A builder without metadata, and the analyzers of what it builds.
@@ -47,6 +62,20 @@ public:
         return *this;
     }
 
+    Container & system(std::size_t count) { return add<MemorySystem>(systemItems(count)); }
+    Container & pictures(Sizes const & sizes) { return add<MemoryPictures>(MemoryEssence::ofSizes(sizes)); }
+    Container & sound(Sizes const & sizes) { return add<MemorySound>(MemoryEssence::ofSizes(sizes)); }
+    Container & data(Sizes const & sizes) { return add<MemoryData>(MemoryEssence::ofSizes(sizes)); }
+
+    Container & grid(unsigned int size) { return mux.kagSize(size), *this; }
+    Container & package(unsigned int size) { return mux.paddToEditUnit(size), *this; }
+
+    // Sizes of the items of system, pictures and sound.
+    Container & items(int system, int pictures, int sound)
+    {
+        return mux.paddToItem(system, 0, pictures, sound, 0), *this;
+    }
+
     std::string text()
     {
         auto const source = mux.commit();
@@ -58,110 +87,67 @@ public:
     Mux mux;
 };
 
-// The packet of a system item with four bytes.
-MemoryEssence systemItems(std::size_t count)
-{
-    MemoryEssence essence = MemoryEssence::constant(count, 24);
-    for (MemoryEssence::Unit & unit : essence.units)
-        unit.bytes = hex("06 0E 2B 34 02 05 01 01 0D 01 03 01 04 01 01 00 83 00 00 04 00 00 00 00");
-    return essence;
-}
+using Build = void (*)(Container &);
 
 TEST(Mux, LaysOutContentPackagesAndTheirIndex)
 {
-    auto const pictures = []
-    {
-        return MemoryEssence::ofSizes({30, 31});
-    };
-    auto const sound = []
-    {
-        return MemoryEssence::ofSizes({8, 8});
-    };
     struct Case
     {
         char const * name;
-        std::function<void(Container &)> build;
+        Build build;
         char const * expected;
-        MXFIO::IndexTableSegmentType index;
+        MXFIO::IndexTableSegmentType index = MXFIO::INDEX_AUTOMATIC;
     };
     Case const cases[] = {
-        {"elements as they are", [&](Container & c) { c.add<MemorySound>(sound()).add<MemoryPictures>(pictures()); },
-         "P0:30 S0:8 | P0:31 S0:8", MXFIO::INDEX_AUTOMATIC},
+        {"elements as they are",
+         [](Container & c) {
+             c.sound({8, 8}).pictures({30, 31});
+         },
+         "P0:30 S0:8 | P0:31 S0:8"},
         {"in the order in which they were added",
-         [&](Container & c)
-         {
-             c.add<MemorySound>(sound()).add<MemoryPictures>(pictures()).add<MemorySound>(sound());
-             c.mux.useAnalyzerInputOrderToSortContainer(true);
-         },
-         "S0:8 S1:8 P0:30 | S0:8 S1:8 P0:31", MXFIO::INDEX_AUTOMATIC},
+         [](Container & c) { c.sound({8}).pictures({30}).sound({9}).mux.useAnalyzerInputOrderToSortContainer(true); },
+         "S0:8 S1:9 P0:30"},
         {"numbers of the caller, and of data",
-         [&](Container & c)
-         {
-             c.add<MemoryData>(sound()).add<MemoryData>(sound()).add<MemorySound>(sound(), false, 0, 9);
-             c.add<MemorySound>(sound());
-         },
-         "S9:8 S1:8 D2:8 D3:8 | S9:8 S1:8 D2:8 D3:8", MXFIO::INDEX_AUTOMATIC},
+         [](Container & c) { c.data({5}).data({6}).add<MemorySound>(same(1, 8), false, 0, 9).sound({9}); },
+         "S9:8 S1:9 D2:5 D3:6"},
         {"elements on a grid, where a gap of 14 is too small",
-         [&](Container & c)
-         {
-             c.add<MemoryPictures>(pictures()).add<MemorySound>(sound());
-             c.mux.kagSize(64);
+         [](Container & c) {
+             c.pictures({30, 31}).sound({8, 8}).grid(64);
          },
-         "P0:30 f78 S0:8 f36 | P0:31 f77 S0:8 f36", MXFIO::INDEX_AUTOMATIC},
+         "P0:30 f78 S0:8 f36 | P0:31 f77 S0:8 f36"},
         {"constant elements on a grid, one of them just so long",
-         [&](Container & c)
-         {
-             c.add<MemoryPictures>(MemoryEssence::constant(2, 44)).add<MemorySound>(MemoryEssence::constant(2, 50));
-             c.mux.kagSize(64);
-         },
-         "P0:44 S0:50 f58 | P0:44 S0:50 f58", MXFIO::INDEX_AUTOMATIC},
+         [](Container & c) { c.add<MemoryPictures>(same(2, 44)).add<MemorySound>(same(2, 50)).grid(64); },
+         "P0:44 S0:50 f58 | P0:44 S0:50 f58"},
         {"constant elements with their fill in the index",
-         [&](Container & c)
-         {
-             c.add<MemoryPictures>(MemoryEssence::constant(2, 50)).add<MemorySound>(MemoryEssence::constant(2, 50));
-             c.mux.kagSize(64);
-         },
+         [](Container & c) { c.add<MemoryPictures>(same(2, 50)).add<MemorySound>(same(2, 50)).grid(64); },
          "P0:50 f58 S0:50 f58 | P0:50 f58 S0:50 f58", MXFIO::INDEX_AUTOMATIC_WITH_FILL},
         {"variable elements filled to their bound",
-         [&](Container & c)
+         [](Container & c)
          {
-             MemoryEssence bounded = pictures();
+             MemoryEssence bounded = MemoryEssence::ofSizes({30, 31});
              bounded.bound = 31;
-             c.add<MemoryPictures>(bounded, true).add<MemorySound>(MemoryEssence::constant(2, 8));
+             c.add<MemoryPictures>(bounded, true).add<MemorySound>(same(2, 8));
          },
-         "P0:30 f21 S0:8 | P0:31 f20 S0:8", MXFIO::INDEX_AUTOMATIC},
+         "P0:30 f21 S0:8 | P0:31 f20 S0:8"},
         {"items of a size",
-         [&](Container & c)
-         {
-             c.add<MemorySystem>(systemItems(2)).add<MemoryPictures>(pictures());
-             c.add<MemorySound>(MemoryEssence::constant(2, 8)).add<MemorySound>(MemoryEssence::constant(2, 8));
-             c.mux.paddToItem(64, 0, 200, 100, 0);
+         [](Container & c) {
+             c.system(2).pictures({30, 31}).sound({8, 8}).sound({8, 8}).items(64, 200, 100);
          },
-         "X:4 f40 P0:30 f150 S0:8 S1:8 f44 | X:4 f40 P0:31 f149 S0:8 S1:8 f44", MXFIO::INDEX_VARIABLE},
+         "X:4 f40 P0:30 f150 S0:8 S1:8 f44 | X:4 f40 P0:31 f149 S0:8 S1:8 f44"},
         {"constant items of a size on a grid",
-         [&](Container & c)
+         [](Container & c)
          {
-             c.add<MemorySystem>(systemItems(2)).add<MemoryPictures>(MemoryEssence::constant(2, 30));
-             c.add<MemorySound>(MemoryEssence::constant(2, 8)).add<MemorySound>(MemoryEssence::constant(2, 8));
-             c.mux.kagSize(128);
-             c.mux.paddToItem(64, 0, 200, 100, 0);
+             c.system(2).add<MemoryPictures>(same(2, 30)).add<MemorySound>(same(2, 8)).add<MemorySound>(same(2, 8));
+             c.grid(128).items(64, 200, 100);
          },
-         "X:4 f104 P0:30 f206 S0:8 S1:8 f72 | X:4 f104 P0:30 f206 S0:8 S1:8 f72", MXFIO::INDEX_AUTOMATIC},
-        {"content packages of a size",
-         [&](Container & c)
-         {
-             c.add<MemorySystem>(systemItems(2)).add<MemoryPictures>(pictures()).add<MemorySound>(sound());
-             c.mux.paddToItem(1, 1, 1, 1, 1);
-             c.mux.paddToEditUnit(200);
+         "X:4 f104 P0:30 f206 S0:8 S1:8 f72 | X:4 f104 P0:30 f206 S0:8 S1:8 f72"},
+        {"content packages of a size, that of items forgotten",
+         [](Container & c) {
+             c.system(2).pictures({30, 31}).sound({8, 8}).items(1, 1, 1).package(200);
          },
-         "X:4 P0:30 S0:8 f98 | X:4 P0:31 S0:8 f97", MXFIO::INDEX_AUTOMATIC},
-        {"a content package of one element",
-         [&](Container & c)
-         {
-             c.add<MemoryPictures>(MemoryEssence::constant(2, 30));
-             c.mux.paddToEditUnit(100);
-         },
-         "P0:30 f50 | P0:30 f50", MXFIO::INDEX_AUTOMATIC},
+         "X:4 P0:30 S0:8 f98 | X:4 P0:31 S0:8 f97"},
+        {"a content package of one element", [](Container & c) { c.add<MemoryPictures>(same(2, 30)).package(100); },
+         "P0:30 f50 | P0:30 f50"},
     };
     for (Case const & c : cases)
     {
@@ -179,8 +165,7 @@ TEST(Mux, LaysOutContentPackagesAndTheirIndex)
 TEST(Mux, WritesKeysLengthsAndEssence)
 {
     Container container;
-    container.add<MemorySound>(MemoryEssence::ofSizes({2})).add<MemorySound>(MemoryEssence::ofSizes({3}));
-    container.mux.kagSize(24);
+    container.sound({2}).sound({3}).grid(24);
     auto const source = container.mux.commit();
     PulledContainer const pulled(*source);
     EXPECT_EQ(pulled.bytes(), hex("06 0E 2B 34 01 02 01 01 0D 01 03 01 16 02 01 00 83 00 00 02 01 01"
@@ -199,7 +184,7 @@ TEST(Mux, MovesEssenceWithoutACopy)
 {
     std::size_t const size = 400000;
     Container container;
-    container.add<MemoryPictures>(MemoryEssence::ofSizes({size}));
+    container.pictures({size});
     auto const & blocks = dynamic_cast<MemoryPictures &>(*container.analyzers[0]).blocks;
     auto const source = container.mux.commit();
     DataIO::Chain chain;
@@ -215,72 +200,75 @@ TEST(Mux, MovesEssenceWithoutACopy)
     EXPECT_EQ(blocks.alive(), 0);
 }
 
+// An edit unit for each count of samples at 48 kHz.
+MemoryEssence samples(std::vector<int> const & counts)
+{
+    MemoryEssence essence;
+    for (int count : counts)
+        essence.units.push_back({{1}, 0x80, 0, {}, Rate(count, 48000)});
+    return essence;
+}
+
 TEST(Mux, KeepsTimeBetweenAnalyzersOfDifferentRates)
 {
-    MemoryEssence const pictures = MemoryEssence::ofSizes({9, 9, 9, 9});
-    auto const samples = [](std::vector<int> const & counts)
-    {
-        MemoryEssence essence;
-        for (int count : counts)
-            essence.units.push_back({repeated(1, 1), 0x80, 0, {}, Rate(count, 48000)});
-        return essence;
-    };
-    MemoryEssence twice = MemoryEssence::ofSizes({1, 2, 3, 4, 5, 6, 7, 8});
-    twice.unitsPerPackage = 2;
-    MemoryEssence early = pictures;
-    early.preCharge = Rate(2, 25);
-    MemoryEssence timedEarly = early;
-    timedEarly.preCharge = Rate(2 * 1001, 30000);
-
     struct Case
     {
         char const * name;
-        Rate rate;
-        std::function<void(Container &)> build;
+        Build build;
         char const * expected;
+        Rate rate = 25;
     };
     Case const cases[] = {
         {"sound of whole samples at an NTSC rate",
-         {30000, 1001},
-         [&](Container & c) {
-             c.add<MemoryPictures>(pictures).add<MemorySound>(samples({1602, 1601, 1602, 1601}));
+         [](Container & c) {
+             c.pictures({9, 9, 9, 9}).add<MemorySound>(samples({1602, 1601, 1602, 1601}));
          },
-         "P0:9 S0:1 | P0:9 S0:1 | P0:9 S0:1 | P0:9 S0:1"},
-        {"two edit units in a content package", 25,
-         [&](Container & c) { c.add<MemoryPictures>(pictures).add<MemorySound>(twice); },
-         "P0:9 S0:3 | P0:9 S0:7 | P0:9 S0:11 | P0:9 S0:15"},
-        {"essence that starts later", 25,
-         [&](Container & c) {
-             c.add<MemoryPictures>(pictures).add<MemorySound>(MemoryEssence::ofSizes({1, 2, 3}), false, {1, 25});
+         "P0:9 S0:1 | P0:9 S0:1 | P0:9 S0:1 | P0:9 S0:1",
+         {30000, 1001}},
+        {"two edit units in a content package",
+         [](Container & c)
+         {
+             MemoryEssence twice = MemoryEssence::ofSizes({1, 2, 3, 4, 5, 6});
+             twice.unitsPerPackage = 2;
+             c.pictures({9, 9, 9}).add<MemorySound>(twice);
          },
-         "P0:9 | P0:9 S0:1 | P0:9 S0:2 | P0:9 S0:3"},
-        {"essence that starts earlier", 25,
-         [&](Container & c) {
-             c.add<MemoryPictures>(pictures).add<MemorySound>(MemoryEssence::ofSizes({1, 2, 3, 4, 5}), false, {-1, 25});
+         "P0:9 S0:3 | P0:9 S0:7 | P0:9 S0:11"},
+        {"essence that starts later",
+         [](Container & c) {
+             c.pictures({9, 9, 9}).add<MemorySound>(MemoryEssence::ofSizes({1, 2}), false, {1, 25});
          },
-         "P0:9 S0:3 | P0:9 S0:3 | P0:9 S0:4 | P0:9 S0:5"},
-        {"the first that ends ends all", 25,
-         [&](Container & c) {
-             c.add<MemoryPictures>(pictures).add<MemorySound>(MemoryEssence::ofSizes({1, 2}));
+         "P0:9 | P0:9 S0:1 | P0:9 S0:2"},
+        {"constant essence that starts later leaves room",
+         [](Container & c) {
+             c.pictures({9, 9}).add<MemorySound>(same(2, 5), true, {1, 25});
+         },
+         "P0:9 f25 | P0:9 S0:5"},
+        {"essence that starts earlier",
+         [](Container & c) {
+             c.pictures({9, 9}).add<MemorySound>(same(3, 5), false, {-1, 25});
+         },
+         "P0:9 S0:10 | P0:9 S0:5"},
+        {"the first that ends ends all",
+         [](Container & c) {
+             c.pictures({9, 9, 9}).sound({1, 2});
          },
          "P0:9 S0:1 | P0:9 S0:2"},
-        {"all go on to the end, a system item as long as the others", 25,
-         [&](Container & c)
+        {"all go on to the end, a system item as long as the others",
+         [](Container & c)
          {
-             c.add<MemorySystem>(systemItems(9)).add<MemoryPictures>(MemoryEssence::ofSizes({9}));
-             c.add<MemorySound>(MemoryEssence::ofSizes({5, 6, 7}));
-             c.add<MemorySoundOrSilence>(MemoryEssence::ofSizes({5, 6}));
-             c.mux.multiplexAllEssence(true);
+             c.system(9).pictures({9}).sound({5, 6, 7}).mux.multiplexAllEssence(true);
+             c.add<MemorySoundOrSilence>(MemoryEssence::ofSizes({4, 4}));
          },
-         "X:4 P0:9 S0:5 S1:5 | X:4 P0:0 S0:6 S1:6 | X:4 P0:0 S0:7 S1:1"},
-        {"pre-charge of one is null essence of the other", 25,
-         [&](Container & c)
+         "X:4 P0:9 S0:5 S1:4 | X:4 P0:0 S0:6 S1:4 | X:4 P0:0 S0:7 S1:1"},
+        {"pre-charge of one is null essence of the other",
+         [](Container & c)
          {
-             c.add<MemoryPictures>(early).add<MemorySoundOrSilence>(MemoryEssence::ofSizes({5, 6}));
-             c.add<MemorySound>(MemoryEssence::ofSizes({7, 8}));
+             MemoryEssence early = MemoryEssence::ofSizes({9, 9, 9});
+             early.preCharge = Rate(2, 25);
+             c.add<MemoryPictures>(early).add<MemorySoundOrSilence>(MemoryEssence::ofSizes({5})).sound({7});
          },
-         "P0:9 S0:1 S1:0 | P0:9 S0:1 S1:0 | P0:9 S0:5 S1:7 | P0:9 S0:6 S1:8"},
-        {"nothing to multiplex", 25, [](Container &) {}, ""},
+         "P0:9 S0:1 S1:0 | P0:9 S0:1 S1:0 | P0:9 S0:5 S1:7"},
+        {"nothing to multiplex", [](Container &) {}, ""},
     };
     for (Case const & c : cases)
     {
@@ -304,7 +292,7 @@ TEST(Mux, IndexesPicturesInTheOrderInWhichTheyAreShown)
         pictures.units[i].temporalOffset = references[i];
     }
     Container container;
-    container.add<MemoryPictures>(pictures).add<MemorySound>(MemoryEssence::constant(4, 8));
+    container.add<MemoryPictures>(pictures).add<MemorySound>(same(4, 8));
     auto const source = container.mux.commit();
     wantIndex(*source, MXFIO::INDEX_AUTOMATIC);
     PulledContainer const pulled(*source);
@@ -319,112 +307,82 @@ TEST(Mux, IndexesPicturesInTheOrderInWhichTheyAreShown)
     EXPECT_EQ(segments.back()->deltaEntry(0).posTableIndex(), -1);
 }
 
+TEST(Mux, IndexesEssenceThatStartsBetweenEditUnits)
+{
+    for (bool const isBetween : {false, true})
+    {
+        Container container;
+        container.pictures({9, 9, 9}).add<MemorySound>(same(3, 5), false, {1, isBetween ? 50 : 25});
+        auto const source = container.mux.commit();
+        wantIndex(*source, MXFIO::INDEX_AUTOMATIC);
+        PulledContainer const pulled(*source);
+        auto const segments = indexOf(*source);
+        IndexTables::IndexTableSegment const & segment = *segments.back();
+        EXPECT_EQ(segment.deltaEntry(1).posTableIndex(), isBetween ? 1 : 0);
+        if (isBetween)
+        {
+            EXPECT_EQ(segment.indexEntry(0).posTable(0), Rate(1, 50));
+        }
+    }
+}
+
 TEST(Mux, RefusesWhatDoesNotFit)
 {
-    auto const sizes = [](std::vector<std::size_t> const & all)
-    {
-        return MemoryEssence::ofSizes(all);
-    };
-    MemoryEssence tooLong = MemoryEssence::constant(1, 10);
+    MemoryEssence const valid = MemoryEssence::ofSizes({1});
+    MemoryEssence tooLong = same(1, 10), invalid = valid, temporal = valid;
     tooLong.units[0].bytes.push_back(0);
-    MemoryEssence invalid = sizes({1}), temporal = sizes({1}), faster = sizes({1}), endless = sizes({});
     invalid.isValid = false;
     temporal.isTemporal = true;
-    faster.isTemporal = true;
+    MemoryEssence faster = temporal;
     faster.unitsPerPackage = 2;
 
-    struct Case
-    {
-        char const * message;
-        std::function<void(Container &)> build;
-    };
-    Case const lengths[] = {
-        {"editUnitCurrentSize <= analyzerBytesPerEntry: One analyzer (CBE) has produced an edit unit larger than "
-         "expected",
-         [&](Container & c)
-         {
-             c.add<MemoryPictures>(tooLong);
-         }},
-        {"itemSize > sliceOffset_ - lastItemSliceOffset_: Trying to store more data in the Generic Container then the "
-         "edit unit can hold.",
-         [&](Container & c)
-         {
-             c.add<MemoryPictures>(sizes({80}));
-             c.mux.paddToItem(0, 0, 100, 0, 0);
-         }},
-        {"editUnitFillItemSize >= klLength_: Not enough size to create filler in essence.",
-         [&](Container & c)
-         {
-             c.add<MemoryPictures>(sizes({61}));
-             c.mux.paddToEditUnit(100);
-         }},
-        {"ByteCoders::calculateBERSize(length) <= lengthSize: A value of 16777216 bytes has no room in a length field "
-         "of 4 bytes",
-         [&](Container & c)
-         {
-             c.add<MemoryPictures>(sizes({1 << 24}));
-         }},
-    };
-    for (Case const & c : lengths)
+    EXPECT_FAILURE(InvalidLength,
+                   "editUnitCurrentSize <= analyzerBytesPerEntry: One analyzer (CBE) has produced an edit unit larger "
+                   "than expected",
+                   Container().add<MemoryPictures>(tooLong).text());
+    EXPECT_FAILURE(InvalidLength,
+                   "itemSize > sliceOffset_ - lastItemSliceOffset_: Trying to store more data in the Generic Container "
+                   "then the edit unit can hold.",
+                   Container().pictures({80}).items(0, 100, 0).text());
+    EXPECT_FAILURE(InvalidLength, "editUnitFillItemSize >= klLength_: Not enough size to create filler in essence.",
+                   Container().pictures({61}).package(100).text());
+    EXPECT_FAILURE(InvalidLength,
+                   "ByteCoders::calculateBERSize(length) <= lengthSize: A value of 16777216 bytes has no room in a "
+                   "length field of 4 bytes",
+                   Container().pictures({1 << 24}).text());
+
+    for (bool const inSystem : {false, true})
     {
         Container container;
-        c.build(container);
-        EXPECT_FAILURE(InvalidLength, c.message, container.text());
+        inSystem ? container.add<MemorySystem>(invalid) : container.add<MemorySound>(invalid);
+        EXPECT_FAILURE(InvalidFormat, "isValid: The essence format is invalid", container.text());
     }
+    EXPECT_FAILURE(InvalidFormat,
+                   "temporalReordering_ == false: Trying to set two sources with temporal reordoring to the same "
+                   "generic container. MXF only allows for one source with temporal reordoring.",
+                   Container().add<MemoryPictures>(temporal).add<MemoryPictures>(temporal).text());
+    EXPECT_FAILURE(InvalidFormat,
+                   "preEntry.analyzer -> editRate () == rate_: Trying to set an essence analyzer with temporal "
+                   "reordoring and with editRate different from the content package.",
+                   Container().add<MemoryPictures>(faster).text());
+    EXPECT_FAILURE(InvalidFormat,
+                   "preEntry.temporalOffset.numerator () == 0: A source with temporal reordoring must start at offset "
+                   "zero to the essence container.",
+                   Container().add<MemoryPictures>(temporal, false, {1, 25}).text());
+    EXPECT_FAILURE(InvalidFormat,
+                   "static_cast <Platform::Int32> (entry.entryByteCount) <= systemItemMaximumSize: Trying to force "
+                   "into the GC a system Item maximum value smaller then the system Item size. Please increate the "
+                   "system item maximum size",
+                   Container().system(1).items(23, 0, 0).text());
 
-    Case const formats[] = {
-        {"isValid: The essence format is invalid",
-         [&](Container & c)
-         {
-             c.add<MemoryPictures>(invalid);
-         }},
-        {"isValid: The essence format is invalid",
-         [&](Container & c)
-         {
-             c.add<MemorySystem>(invalid);
-         }},
-        {"temporalReordering_ == false: Trying to set two sources with temporal reordoring to the same generic "
-         "container. MXF only allows for one source with temporal reordoring.",
-         [&](Container & c)
-         {
-             c.add<MemoryPictures>(temporal).add<MemoryPictures>(temporal);
-         }},
-        {"preEntry.analyzer -> editRate () == rate_: Trying to set an essence analyzer with temporal reordoring and "
-         "with editRate different from the content package.",
-         [&](Container & c)
-         {
-             c.add<MemoryPictures>(faster);
-         }},
-        {"preEntry.temporalOffset.numerator () == 0: A source with temporal reordoring must start at offset zero to "
-         "the essence container.",
-         [&](Container & c)
-         {
-             c.add<MemoryPictures>(temporal, false, {1, 25});
-         }},
-        {"static_cast <Platform::Int32> (entry.entryByteCount) <= systemItemMaximumSize: Trying to force into the GC a "
-         "system Item maximum value smaller then the system Item size. Please increate the system item maximum size",
-         [&](Container & c)
-         {
-             c.add<MemorySystem>(systemItems(1));
-             c.mux.paddToItem(23, 0, 0, 0, 0);
-         }},
-    };
-    for (Case const & c : formats)
-    {
-        Container container;
-        c.build(container);
-        EXPECT_FAILURE(InvalidFormat, c.message, container.mux.commit());
-    }
-
-    Container container;
-    container.add<MemorySystem>(systemItems(1));
     EXPECT_FAILURE(AlreadySet, "system_.get () == 0: Trying to add more than one SystemAnalyzer",
-                   container.add<MemorySystem>(systemItems(1)));
+                   Container().system(1).system(1));
+    Container container;
     for (int i = 0; i < 128; ++i)
-        container.add<MemorySound>(sizes({1}));
+        container.sound({1});
     EXPECT_FAILURE(IndexOutOfBounds,
                    "sound_.size () <= MAXIMUM_ITEM_COUNT: Trying to add more than SoundAnalyzers than allowed",
-                   container.add<MemorySound>(sizes({1})));
+                   container.sound({1}));
     EXPECT_FAILURE(InvalidState, "data_.sourcePackage != nullptr: The container has no source package",
                    container.mux.commit()->sourcePackage());
 }
@@ -437,12 +395,10 @@ public:
 
     bool nextEditUnit(EditUnit & unit) override
     {
-        bool const isFirst = !MemoryPictures::done();
-        if (!isFirst && breaksDown)
+        if (MemoryPictures::done() && breaksDown)
             VANTRY_FAIL(IOError, "the tape is torn");
         MemoryPictures::nextEditUnit(unit);
-        unit.valid = true;
-        return true;
+        return unit.valid = true;
     }
 
     bool done() override { return false; }
@@ -453,8 +409,7 @@ public:
 TEST(Mux, PassesOnTheFailureOfAnAnalyzer)
 {
     Container container;
-    container.add<MemorySound>(MemoryEssence::ofSizes({1, 2, 3}));
-    container.add<FailingPictures>(MemoryEssence::ofSizes({1}));
+    container.sound({1, 2, 3}).add<FailingPictures>(MemoryEssence::ofSizes({1}));
     EXPECT_FAILURE(IOError, "the tape is torn", container.text());
     EXPECT_EQ(dynamic_cast<MemorySound &>(*container.analyzers[0]).blocks.alive(), 0);
 
@@ -469,7 +424,7 @@ TEST(Mux, PassesOnTheFailureOfAnAnalyzer)
 TEST(Mux, MergesGridsAndNumbersTracks)
 {
     Container container;
-    container.mux.kagSize(64);
+    container.grid(64);
     MemoryEssence sound = MemoryEssence::ofSizes({1});
     sound.kagSize = 96;
     container.add<MemorySound>(sound);
@@ -480,10 +435,7 @@ TEST(Mux, MergesGridsAndNumbersTracks)
     EXPECT_EQ(container.mux.nextBaseTrackID(), 263u);
     EXPECT_EQ(container.mux.commit()->kagSize(), 192u);
 
-    Container without;
-    without.mux.kagSize(0);
-    without.mux.kagSize(512);
-    EXPECT_EQ(without.mux.commit()->kagSize(), 0u);
+    EXPECT_EQ(Container().grid(0).grid(512).mux.commit()->kagSize(), 0u);
 }
 
 }}}}
