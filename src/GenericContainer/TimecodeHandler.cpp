@@ -19,6 +19,7 @@
 #include "Types/Rational.h"
 #include "Types/UInt16.h"
 #include "Types/UniversalLabel.h"
+#include "Utils/RoundedUp.h"
 #include "Utils/Time.h"
 
 namespace Vantry { namespace GenericContainer {
@@ -222,7 +223,7 @@ private:
         if (!start_.isDefined())
             return;
         elapsed_ += secondsOf(duration);
-        expected_ = later(start_, roundedUp(elapsed_ * secondsOf(rate)));
+        expected_ = later(start_, Utils::roundedUp(elapsed_ * secondsOf(rate)));
     }
 
     void createComponent(TimeCode const & start, Rate const & duration)

@@ -12,6 +12,7 @@
 #include "Metadata/Structural/PrefaceHelpers.h"
 #include "Metadata/Structural/Sequence.h"
 #include "Metadata/Structural/SourcePackage.h"
+#include "Metadata/Structural/SubDescriptors.h"
 #include "Metadata/Structural/TimecodeComponent.h"
 #include "Metadata/Structural/TimelineTrack.h"
 #include "Metadata/Structural/TrackHelpers.h"
@@ -21,10 +22,10 @@
 #include "Types/UInt32.h"
 #include "Types/UMID32.h"
 #include "Types/UniversalLabel.h"
+#include "Utils/RoundedUp.h"
 #include "Utils/TimeCode.h"
 
 #include <algorithm>
-#include <set>
 
 namespace Vantry { namespace Metadata { namespace Structural {
 
@@ -60,25 +61,6 @@ Utils::TimeCode timeCode(unsigned char frameRate, Int64 frames, bool dropFrame)
     if (frameRate == 0 || (dropFrame && !canDropFrames))
         return Utils::TimeCode();
     return Utils::TimeCode(frameRate, frames, dropFrame);
-}
-
-// A descriptor and all that are in it; a file may nest them in a circle.
-Templates::vector<FileDescriptor *> withSubDescriptors(FileDescriptor * descriptor)
-{
-    std::set<FileDescriptor *> seen;
-    Templates::vector<FileDescriptor *> all;
-    auto const enter = [&](FileDescriptor * entered)
-    {
-        if (entered != nullptr && seen.insert(entered).second)
-            all.push_back(entered);
-    };
-
-    enter(descriptor);
-    for (std::size_t i = 0; i < all.size(); ++i)
-        if (MultipleDescriptor const * const multiple = dynamic_cast<MultipleDescriptor *>(all[i]))
-            for (unsigned int sub = 0; sub < multiple->subDescriptorsCount(); ++sub)
-                enter(multiple->subDescriptor(sub));
-    return all;
 }
 
 // The first descriptor for which a test holds: the package's own or, where
@@ -189,10 +171,7 @@ Utils::TimeCode packageDurationAsTimeCode(GenericPackage const & package)
         return Utils::TimeCode();
 
     Templates::Rational<Int64> const editRate(track->editRate()->numerator(), track->editRate()->denominator());
-    Templates::Rational<Int64> const frames = seconds * editRate;
-    Int64 const wholeFrames = frames.numerator() / frames.denominator();
-    bool const hasRest = frames.numerator() % frames.denominator() > 0;
-    return timeCode(frameRate, hasRest ? wholeFrames + 1 : wholeFrames, isDropFrame(*track));
+    return timeCode(frameRate, Utils::roundedUp(seconds * editRate), isDropFrame(*track));
 }
 
 Utils::TimeCode startTimecode(GenericPackage const & package)
