@@ -78,7 +78,7 @@ public:
         generator.indexStrategies(duringEssence, afterEssence, type);
     }
 
-    static IndexEntry entry(UInt64 editUnit, unsigned int slices, unsigned int positions)
+    static IndexEntry entry(UInt64 editUnit, unsigned char slices, unsigned char positions)
     {
         IndexEntry entry(1000 * editUnit);
         for (unsigned char i = 0; i < slices; ++i)

@@ -173,7 +173,7 @@ TEST(SystemItemGenerator, CountsTimeCodeUp)
     TimeCodeExtended::BinaryGroups groups;
     groups.groups[7] = 15;
     TimeCodeExtended const extended(25, 23, 59, 59, 24, false, groups, false, false);
-    TimeCode const plain(extended);
+    TimeCode const plain(25, 23, 59, 59, 24, false, false);
     Types::UniversalLabel const label(LABEL.data());
     SystemItemGenerator first(25, plain, label), second(25, extended, label);
     for (SystemItemGenerator * generator : {&first, &second})
