@@ -92,8 +92,8 @@ private:
     }
 };
 
-// "Hmi1x4": a header partition with metadata, index, and four units of 100
-// bytes of stream 1.
+// "H1x4mi2": a header partition with four units, of 100 bytes, of stream 1,
+// with metadata and with index 2.
 std::string layoutOf(WrittenFile const & file)
 {
     std::string layout;
@@ -101,10 +101,10 @@ std::string layoutOf(WrittenFile const & file)
     {
         layout += layout.empty() ? "" : " ";
         layout += "HBF"[part.pack.partitionKind() - HEADER];
-        layout += part.headerBytes != 0 ? "m" : "";
-        layout += part.indexBytes != 0 ? "i" : "";
         if (part.pack.bodySID() != 0)
             layout += std::to_string(part.pack.bodySID()) + "x" + std::to_string(part.essenceBytes / 100);
+        layout += part.headerBytes != 0 ? "m" : "";
+        layout += part.indexBytes != 0 ? "i" + std::to_string(part.pack.indexSID()) : "";
     }
     return layout + (file.hasRIP() ? " R" : "");
 }
@@ -171,27 +171,29 @@ TEST(Creator, OrdersThePartitions)
     };
     Case const CASES[] = {
         {"", "", INDEX_NONE, INDEX_NONE, "Hm Fm R"},
-        {"10", "rip=0 footer-metadata=0", INDEX_NONE, INDEX_NONE, "Hm1x10 F"},
-        {"0", "", INDEX_NONE, INDEX_FOLLOWING, "Hm1x0 Bi Fm R"},
-        {"10v", "", INDEX_NONE, INDEX_FOLLOWING, "Hm1x10 Bi Fm R"},
-        {"10", "", INDEX_FOLLOWING, INDEX_NONE, "Hmi1x10 Fm R"},
-        {"10", "header-essence=0", INDEX_FOLLOWING, INDEX_NONE, "Hm Bi1x10 Fm R"},
-        {"10", "header-essence=0 header-index=1", INDEX_FOLLOWING, INDEX_NONE, "Hmi B1x10 Fm R"},
-        {"10", "units=4", INDEX_NONE, INDEX_NONE, "Hm1x4 B1x4 B1x2 Fm R"},
-        {"10c", "units=4", INDEX_NONE, INDEX_NONE, "Hm1x10 Fm R"},
-        {"10", "seconds=1", INDEX_NONE, INDEX_NONE, "Hm1x5 B1x5 Fm R"},
-        {"10v", "units=4", INDEX_FOLLOWING, INDEX_FOLLOWING, "Hm1x4 Bi1x4 Bi1x2 Bi Fm R"},
-        {"10v", "units=4 index-apart=1", INDEX_FOLLOWING, INDEX_FOLLOWING, "Hm1x4 Bi B1x4 Bi B1x2 Bi Fm R"},
-        {"10", "units=4 metadata=1", INDEX_NONE, INDEX_NONE, "Hm1x4 Bm1x4 Bm1x2 Fm R"},
-        {"10", "units=2 metadata=3", INDEX_NONE, INDEX_NONE, "Hm1x2 B1x2 B1x2 Bm1x2 B1x2 Fm R"},
-        {"10 6", "", INDEX_NONE, INDEX_NONE, "Hm1x10 B3x6 Fm R"},
+        {"10", "rip=0 footer-metadata=0", INDEX_NONE, INDEX_NONE, "H1x10m F"},
+        {"0", "", INDEX_NONE, INDEX_FOLLOWING, "H1x0m Bi2 Fm R"},
+        {"10v", "", INDEX_NONE, INDEX_FOLLOWING, "H1x10m Bi2 Fm R"},
+        {"10", "", INDEX_FOLLOWING, INDEX_NONE, "H1x10mi2 Fm R"},
+        {"10", "header-essence=0", INDEX_FOLLOWING, INDEX_NONE, "Hm B1x10i2 Fm R"},
+        {"10", "header-essence=0 header-index=1", INDEX_FOLLOWING, INDEX_NONE, "Hmi2 B1x10 Fm R"},
+        {"10", "units=4", INDEX_NONE, INDEX_NONE, "H1x4m B1x4 B1x2 Fm R"},
+        {"10c", "units=4", INDEX_NONE, INDEX_NONE, "H1x10m Fm R"},
+        {"10", "seconds=1", INDEX_NONE, INDEX_NONE, "H1x5m B1x5 Fm R"},
+        {"10v", "units=4", INDEX_FOLLOWING, INDEX_FOLLOWING, "H1x4m B1x4i2 B1x2i2 Bi2 Fm R"},
+        {"10v", "units=4 index-apart=1", INDEX_FOLLOWING, INDEX_FOLLOWING, "H1x4m Bi2 B1x4 Bi2 B1x2 Bi2 Fm R"},
+        {"10", "units=4 metadata=1", INDEX_NONE, INDEX_NONE, "H1x4m B1x4m B1x2m Fm R"},
+        {"10", "units=2 metadata=3", INDEX_NONE, INDEX_NONE, "H1x2m B1x2 B1x2 B1x2m B1x2 Fm R"},
+        {"10 6", "", INDEX_NONE, INDEX_NONE, "H1x10m B3x6 Fm R"},
         {"10 6", "header-essence=0", INDEX_NONE, INDEX_NONE, "Hm B3x6 B1x10 Fm R"},
-        {"10 6", "turn=1", INDEX_NONE, INDEX_NONE, "Hm1x5 B3x5 B1x5 B3x1 Fm R"},
-        {"10", "turn=1", INDEX_NONE, INDEX_NONE, "Hm1x5 B1x5 Fm R"},
-        {"10c 6", "turn=1", INDEX_NONE, INDEX_NONE, "Hm1x10 B3x5 B3x1 Fm R"},
-        {"10v 6v 0v", "", INDEX_NONE, INDEX_REPEATED, "Hm1x10 B3x6 B5x0 Bi Bi Fm R"},
-        {"10 6s", "metadata=1", INDEX_NONE, INDEX_NONE, "Hm1x10 B3x6 Fm R"},
-        {"6s 10", "metadata=1", INDEX_NONE, INDEX_NONE, "Hm B1x6 Bm3x10 Fm R"},
+        {"10 6", "turn=1", INDEX_NONE, INDEX_NONE, "H1x5m B3x5 B1x5 B3x1 Fm R"},
+        {"10 6", "units=4 turn=1", INDEX_NONE, INDEX_NONE, "H1x4m B1x1 B3x4 B3x1 B1x4 B1x1 B3x1 Fm R"},
+        {"20 20", "seconds=1 turn=2", INDEX_NONE, INDEX_NONE, "H1x5m B1x5 B3x5 B3x5 B1x5 B3x5 B1x5 B3x5 Fm R"},
+        {"10", "turn=1", INDEX_NONE, INDEX_NONE, "H1x5m B1x5 Fm R"},
+        {"10c 6", "turn=1", INDEX_NONE, INDEX_NONE, "H1x10m B3x5 B3x1 Fm R"},
+        {"10v 6v 0v", "", INDEX_NONE, INDEX_REPEATED, "H1x10m B3x6 B5x0 Bi4 Bi2 Fm R"},
+        {"10 6s", "metadata=1", INDEX_NONE, INDEX_NONE, "H1x10m B3x6 Fm R"},
+        {"6s 10", "metadata=1", INDEX_NONE, INDEX_NONE, "Hm B1x6 B3x10m Fm R"},
     };
     for (Case const & c : CASES)
     {
@@ -260,6 +262,7 @@ FilePlan filePlan(unsigned int number)
         creator.masterSecondsPerPartition(seconds);
         creator.partitionMultiplexPeriod(turn);
         creator.nonEssenceKAGSize(kagSize);
+        creator.footerKagAlignSize(64);
         creator.headerPartitionHasEssence((flags & 1) != 0);
         creator.createSeparatePartitionsForIndex((flags & 2) != 0);
         creator.useFirstContainerForIndexTableGenerationOnHeader((flags & 4) != 0);
@@ -311,6 +314,7 @@ TEST(Creator, IsExactWithAnySettings)
         FileOf written(making.finish(plan.runInSize));
         EXPECT_EQ(written->faults(), Faults());
         EXPECT_EQ(written->runInSize(), plan.runInSize);
+        EXPECT_EQ(written->parts().back().pack.kagSize(), 64u);
 
         auto streams = streamsOf(making.file.bytes, written.file);
         auto units = indexedUnits(written.file);
@@ -414,7 +418,7 @@ TEST(Creator, GoesOnBehindAFailureOfASource)
     EXPECT_EQ(making.creator->status(), PullCreator::PullBody);
     FileOf written(making.write());
     EXPECT_EQ(written->faults(false), Faults());
-    EXPECT_EQ(layoutOf(written.file), "Hm1x10 Bi Fm R");
+    EXPECT_EQ(layoutOf(written.file), "H1x10m Bi2 Fm R");
 }
 
 TEST(Creator, LeavesNothingBehindWhenTheSinkFails)
@@ -492,9 +496,15 @@ TEST(Creator, WritesMetadataAnewWhereTheyFit)
     {
         return making.header.metadata->serializedSize(true, true);
     };
-    UInt64 const room = making.creator->partitionPacks().at(0).pack->headerByteCount();
-    for (; size() <= room; making.header.metadata.make<Metadata::Structural::SourcePackage>())
+    auto const & pack = making.creator->partitionPacks().at(0).pack;
+    EXPECT_FALSE(pack->isOpen());
+    EXPECT_NE(pack->footerPartition(), 0u);
+
+    UInt64 const room = pack->headerByteCount();
+    for (UInt64 letters = (room - size()) / 2 - 50; size() <= room; ++letters)
     {
+        Types::UTF16String const name(Templates::wstring(letters, u'x').c_str());
+        making.header.package.packageName(&name);
         EXPECT_EQ(update(), size() == room || size() + 20 <= room) << room - size();
         EXPECT_EQ(FileOf(making.file.bytes)->faults(), Faults());
     }

@@ -114,6 +114,8 @@ TEST(PartitionWriter, CountsEssenceAcrossPartitions)
         auto const body = writer->writeBody(*header.metadata, OPEN, 9999, 0, 0, false, true, true, false, head);
         EXPECT_EQ(body.first->bodyOffset(), 9 * 256u);
         EXPECT_EQ(body.first->indexByteCount() % 256, 0u);
+        auto const behind = writer->writeBody(*header.metadata, OPEN, 9999, 0, 0, true, true, false, true, head);
+        EXPECT_EQ(behind.first->kagSize(), 1u) << "the grid of essence ends with it";
         EXPECT_EQ(writer->writeData(chain, complete, updater, duration), AbstractPartitionWriter::WriterFinished);
         EXPECT_EQ(writer->writeData(chain, complete, updater, duration), AbstractPartitionWriter::WriterFinished);
         EXPECT_EQ(writer->bodyOffset(), 10 * 256u);
@@ -148,6 +150,7 @@ TEST(GenericStreamPartitionWriter, WritesNothingElse)
 {
     auto const plan = std::make_shared<EssencePlan>();
     plan->kagSize = 64;
+    plan->isStream = true;
     GenericStreamPartitionWriter writer(auto_ptr<GenericStream::Source>(new MemoryStream(plan, 1)), 5);
     Types::UniversalLabel const pattern(essenceKey());
     DataIO::Chain chain;

@@ -59,10 +59,10 @@ struct EssencePlan
 
     unsigned int kagSize = 1;
 
-    /// Only the last piece ends a unit.
+    /// No piece ends a unit.
     bool isClip = false;
 
-    /// A generic stream, no essence.
+    /// A generic stream, which is filled up to its grid by whom gets it.
     bool isStream = false;
 
     /// Leaves the value's first byte to be written again, as EEh.
@@ -128,13 +128,13 @@ public:
             updater = Templates::SharedPtr<MXFIO::FutureUpdater>(new FirstBytePatch);
         tellUnit(plan_->given.size());
         UInt64 const size = plan_->unitSize + (plan_->growing ? unit_ : 0);
-        Bytes bytes = packet(essenceKey(element_), repeated(size - 20, static_cast<unsigned char>(unit_)));
-        if (UInt64 const gap = Utils::alignBytes(plan_->kagSize, size, 20))
-            bytes += fill(gap);
-        chain.push_back(FirstBytePatch::blocks().slice(bytes));
-        plan_->given += bytes;
+        Bytes const bytes = packet(essenceKey(element_), repeated(size - 20, static_cast<unsigned char>(unit_)));
+        complete = !plan_->isClip;
+        UInt64 const gap = Utils::alignBytes(plan_->kagSize, size, 20);
+        Bytes const behind = gap != 0 && (complete || !plan_->isStream) ? fill(gap) : Bytes();
+        chain.push_back(FirstBytePatch::blocks().slice(plan_->isStream ? bytes : bytes + behind));
+        plan_->given += bytes + behind;
         ++unit_;
-        complete = !plan_->isClip || done();
         duration = {1, 25};
         return !done();
     }
