@@ -7,10 +7,10 @@
 #include "Exceptions/Check.h"
 #include "Exceptions/InvalidValue.h"
 #include "Exceptions/NotEnoughData.h"
-#include "GenericContainer/RoundedUp.h"
 #include "Platform/BigEndian.h"
 #include "Templates/SafeCast.h"
 #include "Types/UniversalLabel.h"
+#include "Utils/RoundedUp.h"
 
 #include <algorithm>
 #include <cstring>
@@ -201,8 +201,8 @@ Utils::TimeCode SystemMetadataPack::read(unsigned char bit, Timecode331M const &
 {
     if (!has(bit))
         return Utils::TimeCode();
-    return readTimecode12M(stamp.timecode,
-                           Templates::SafeCast<unsigned char, Exceptions::InvalidValue>(roundedUp(packageRate_)));
+    return readTimecode12M(
+        stamp.timecode, Templates::SafeCast<unsigned char, Exceptions::InvalidValue>(Utils::roundedUp(packageRate_)));
 }
 
 }}

@@ -2,7 +2,6 @@
 
 #include "Exceptions/InvalidValue.h"
 #include "GenericContainer/EditUnit.h"
-#include "GenericContainer/RoundedUp.h"
 #include "GenericContainer/TimecodeInfo.h"
 #include "Metadata/PartitionMetadata.h"
 #include "Metadata/Structural/CreateSet.h"

@@ -1,9 +1,9 @@
 #include "GenericContainer/Multiplexer/TimeCodeHandler.h"
 
 #include "Exceptions/InvalidValue.h"
-#include "GenericContainer/RoundedUp.h"
 #include "GenericContainer/SystemMetadataPack.h"
 #include "Templates/SafeCast.h"
+#include "Utils/RoundedUp.h"
 
 #include <utility>
 
@@ -59,7 +59,7 @@ TimeCodeHandlerCommon<TimeCode, Provider, Sequential>::TimeCodeHandlerCommon(Tem
 template <class TimeCode, class Provider, class Sequential>
 void TimeCodeHandlerCommon<TimeCode, Provider, Sequential>::setRate(Templates::Rational<int> const & rate)
 {
-    auto const frameRate = Templates::SafeCast<unsigned char, Exceptions::InvalidValue>(roundedUp(rate));
+    auto const frameRate = Templates::SafeCast<unsigned char, Exceptions::InvalidValue>(Utils::roundedUp(rate));
     if (needsSequential_)
         updateFrameRate(frameRate);
     else
