@@ -39,7 +39,8 @@ PacketHeads::PacketHeads() : heads_(createBlock(HEADS_BLOCK_SIZE)), used_(0), ze
 
 Templates::auto_ptr<DataIO::Slice> PacketHeads::head(KLV::Key const & key, UInt64 length, unsigned char lengthSize)
 {
-    VANTRY_CHECK(ByteCoders::calculateBERSize(length) <= lengthSize, InvalidLength, tooLong(length, lengthSize));
+    if (ByteCoders::calculateBERSize(length) > lengthSize)
+        VANTRY_FAIL(InvalidLength, tooLong(length, lengthSize));
 
     UInt64 const size = UInt64(key.size()) + lengthSize;
     if (HEADS_BLOCK_SIZE - used_ < size)
