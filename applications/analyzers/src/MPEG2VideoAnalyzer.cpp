@@ -1,9 +1,11 @@
 #include "Analyzers/MPEG2VideoAnalyzer.h"
 
 #include "Analyzers/EssenceMetadata.h"
+#include "BlackPicture.h"
 #include "Exceptions/InvalidFormat.h"
 #include "Exceptions/InvalidValue.h"
 #include "GenericContainer/EditUnit.h"
+#include "IndexTables/IndexEntry.h"
 #include "MPEG2VideoDescription.h"
 #include "Metadata/Structural/DataDefinitionULs.h"
 #include "Metadata/Structural/MPEG2VideoDescriptor.h"
@@ -75,6 +77,7 @@ public:
         rate = *stream.format().frameRate();
         first = frames.front().picture;
         group = frames.front().group;
+        sequenceHeader = *frames.front().data.makeSlice(0, frames.front().sequenceHeaderSize);
         return true;
     }
 
@@ -106,6 +109,9 @@ public:
     PictureGroups groups;
     PictureHeader first;
     std::optional<GroupHeader> group;
+    DataIO::Slice sequenceHeader;
+    DataIO::Slice black;
+    UInt64 editUnits = 0;
     std::unique_ptr<EssenceMetadata> metadata;
     MPEG2VideoDescriptor * descriptor = nullptr;
 
@@ -192,14 +198,28 @@ bool MPEG2VideoAnalyzer::nextEditUnit(EditUnit & unit)
     unit.flags = place.flags;
     unit.temporalOffset = place.temporalOffset;
     impl_->frames.pop_front();
+    ++impl_->editUnits;
     return true;
+}
+
+void MPEG2VideoAnalyzer::fillNullEssence(EditUnit & unit)
+{
+    if (!preload())
+        return;
+    if (impl_->black.size() == 0)
+        impl_->black = *blackPicture(impl_->stream.format());
+    for (DataIO::Slice const & part : {impl_->sequenceHeader, impl_->black})
+        unit.data.push_back(Templates::auto_ptr<DataIO::Slice>(new DataIO::Slice(part)));
+    unit.flags = IndexTables::IndexEntry::RANDOM_ACCESS | IndexTables::IndexEntry::SEQUENCE_HEADER;
+    unit.temporalOffset = 0;
+    ++impl_->editUnits;
 }
 
 bool MPEG2VideoAnalyzer::finalize()
 {
     if (!impl_->metadata)
         return false;
-    impl_->metadata->finish(impl_->groups.frames(), impl_->groups.frames());
+    impl_->metadata->finish(impl_->editUnits, impl_->editUnits);
     describeGroups(*impl_->descriptor, impl_->groups);
     return true;
 }

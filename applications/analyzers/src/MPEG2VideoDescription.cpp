@@ -2,10 +2,9 @@
 
 #include "Analyzers/EssenceMetadata.h"
 #include "Metadata/Structural/MPEG2VideoDescriptor.h"
+#include "Raster.h"
 #include "Types/Boolean.h"
-#include "Types/Int32.h"
 #include "Types/Rational.h"
-#include "Types/SignalStandard.h"
 #include "Types/UInt16.h"
 #include "Types/UInt32.h"
 #include "Types/UInt8.h"
@@ -33,66 +32,19 @@ UInt8 const INTERLACED_CONTENT = 2;
 unsigned int const CHROMA_420 = 1;
 unsigned int const CHROMA_444 = 3;
 
-// A raster by the lines of its pictures: the standard of its signal, and the
-// lines of that on which the fields begin, or the frame.
-struct Raster
-{
-    unsigned int height;
-    bool isProgressive;
-    UInt8 signalStandard;
-    Int32 lines[2];
-};
-
-UInt8 const NO_STANDARD = 0;
-UInt8 const ITU_601 = 1;
-UInt8 const SMPTE_274M = 4;
-UInt8 const SMPTE_296M = 5;
-UInt8 const SMPTE_293M = 3;
-
-Raster const RASTERS[] = {
-    {480, false, ITU_601, {23, 286}},  {486, false, ITU_601, {21, 283}},     {512, false, ITU_601, {7, 270}},
-    {576, false, ITU_601, {23, 336}},  {608, false, ITU_601, {7, 320}},      {480, true, SMPTE_293M, {46, 0}},
-    {576, true, NO_STANDARD, {45, 0}}, {720, true, SMPTE_296M, {26, 0}},     {1080, false, SMPTE_274M, {21, 584}},
-    {1080, true, SMPTE_274M, {42, 0}}, {1088, false, SMPTE_274M, {21, 584}}, {1088, true, SMPTE_274M, {42, 0}},
-};
-
-// Pictures of another height are lines of nothing but themselves.
-Raster rasterOf(SequenceHeader const & sequence)
-{
-    for (Raster const & raster : RASTERS)
-        if (raster.height == sequence.height && raster.isProgressive == sequence.isProgressive)
-            return raster;
-    auto const secondField = static_cast<Int32>(sequence.isProgressive ? 0 : 1 + (sequence.height + 1) / 2);
-    return {sequence.height, sequence.isProgressive, NO_STANDARD, {1, secondField}};
-}
-
 unsigned int roundedUp(unsigned int size, unsigned int unit)
 {
     return (size + unit - 1) / unit * unit;
 }
 
-void describeSize(Descriptor & video, SequenceHeader const & sequence)
+void describePicture(Descriptor & video, SequenceHeader const & sequence)
 {
     // Where fields are separate, heights are those of a field.
     unsigned int const fields = sequence.isProgressive ? 1 : 2;
-    unsigned int const height = sequence.height / fields;
     put(video, &Descriptor::frameLayout, sequence.isProgressive ? FULL_FRAME : SEPARATE_FIELDS);
-    put(video, &Descriptor::storedWidth, roundedUp(sequence.width, MACROBLOCK));
-    put(video, &Descriptor::storedHeight, roundedUp(sequence.height, fields * MACROBLOCK) / fields);
-    put(video, &Descriptor::sampledWidth, sequence.width);
-    put(video, &Descriptor::sampledHeight, height);
-    put(video, &Descriptor::sampledXOffset, 0);
-    put(video, &Descriptor::sampledYOffset, 0);
-    put(video, &Descriptor::displayWidth, sequence.width);
-    put(video, &Descriptor::displayHeight, height);
-    put(video, &Descriptor::displayXOffset, 0);
-    put(video, &Descriptor::displayYOffset, 0);
-
-    Raster const raster = rasterOf(sequence);
-    if (raster.signalStandard != NO_STANDARD)
-        put(video, &Descriptor::signalStandard, raster.signalStandard);
-    for (unsigned int i = 0; i < 2; ++i)
-        video.addVideoLineMap(i, raster.lines[i]);
+    describeSize(video, sequence.width, sequence.height / fields, roundedUp(sequence.width, MACROBLOCK),
+                 roundedUp(sequence.height, fields * MACROBLOCK) / fields);
+    describeLines(video, sequence.height, sequence.isProgressive);
 }
 
 void describeAspectRatio(Descriptor & video, SequenceHeader const & sequence)
@@ -164,7 +116,7 @@ UInt16 saturated(UInt64 number)
 
 void describeVideo(Descriptor & video, SequenceHeader const & sequence, PictureHeader const & first, bool hasPredicted)
 {
-    describeSize(video, sequence);
+    describePicture(video, sequence);
     describeAspectRatio(video, sequence);
     describeSamples(video, sequence);
     describeCoding(video, sequence, hasPredicted);

@@ -74,6 +74,7 @@ void VideoStream::takeHeader(CodedFrame & frame)
     case SEQUENCE_HEADER:
         return takeSequenceHeader(frame);
     case GROUP:
+        frame.sequenceHeaderSize = reader_.absoluteOffset() - frame.offset;
         return frame.group.emplace().read(peek(GroupHeader::SIZE));
     case PICTURE:
         return takePicture(frame);
@@ -100,7 +101,11 @@ void VideoStream::takePicture(CodedFrame & frame)
     if (!picture_.emplace().read(peek(PictureHeader::SIZE)))
         failHere("picture of no known type");
     if (frame.pictures == 0)
+    {
         frame.picture = *picture_;
+        if (!frame.group)
+            frame.sequenceHeaderSize = pictureOffset_ - frame.offset;
+    }
     ++frame.pictures;
 }
 

@@ -22,6 +22,9 @@ struct CodedFrame
     bool hasSequenceHeader = false;
     std::optional<GroupHeader> group;
 
+    /// Bytes ahead of the group header or, if there is none, the picture.
+    UInt64 sequenceHeaderSize = 0;
+
     /// The picture, or the first field.
     PictureHeader picture;
     unsigned int pictures = 0;

@@ -5,6 +5,7 @@
 #include "support/AnalyzedEssence.h"
 #include "support/FFmpeg.h"
 #include "support/Failure.h"
+#include "support/TemporaryFile.h"
 
 #include <memory>
 #include <random>
@@ -254,6 +255,34 @@ TEST_F(MPEG2VideoAnalyzerTest, AgreesWithFFprobe)
             anchor = type == 'I' ? i : anchor;
             EXPECT_EQ(anchor + std::size_t(units[i].temporalOffset), coded[i].second) << i;
         }
+    }
+}
+
+TEST_F(MPEG2VideoAnalyzerTest, StandsInWithBlack)
+{
+    VANTRY_NEEDS_FFMPEG();
+    for (char const * coding : {"yuv420p -s 720x576 -flags +ildct -top 1", "yuv422p -s 1280x720", "yuv420p -s 90x3000"})
+    {
+        SCOPED_TRACE(coding);
+        FFmpegFile const file(std::string("-f lavfi -i testsrc2=d=0.2 -c:v mpeg2video -f mpeg2video -pix_fmt ") +
+                              coding);
+        analyze(file.content());
+        Bytes video;
+        for (int i = 0; i < 3; ++i)
+        {
+            GenericContainer::EditUnit unit;
+            analyzer_->fillNullEssence(unit);
+            EXPECT_EQ(unit.flags, 0xC0);
+            video += bytesOf(unit.data);
+        }
+        TemporaryFile const black(video);
+        FFmpegFile const decoded("-xerror -err_detect explode -f mpegvideo -i " + black.path().string() +
+                                 " -f rawvideo -pix_fmt yuv444p");
+        Bytes const samples = decoded.content();
+        ASSERT_GT(samples.size(), 0u);
+        std::size_t const plane = samples.size() / 9;
+        EXPECT_EQ(Bytes(samples.begin(), samples.begin() + std::ptrdiff_t(plane)), repeated(plane, 16));
+        EXPECT_EQ(Bytes(samples.end() - std::ptrdiff_t(plane), samples.end()), repeated(plane, 128));
     }
 }
 

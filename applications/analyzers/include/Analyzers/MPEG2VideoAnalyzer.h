@@ -17,8 +17,8 @@ namespace Vantry { namespace Analyzers {
 /// temporal offsets are such that the index finds the key frame of each and
 /// the order of display. The descriptor comes from the stream's own headers,
 /// and what only its end tells is brought up to date there. Streams keep their
-/// size, chroma format and rate.
-class MPEG2VideoAnalyzer : public GenericContainer::PictureAnalyzer
+/// size, chroma format and rate. Black stands in where there is no picture.
+class MPEG2VideoAnalyzer : public GenericContainer::PictureAnalyzer, public GenericContainer::NullEssenceProvider
 {
 public:
     using Labels = GenericContainer::RP224UniversalLabels;
@@ -73,6 +73,9 @@ public:
     unsigned char essenceElementType() const override;
     unsigned int requiredKAGSize() const override;
     bool done() override;
+
+    /// A black frame, as a group of its own.
+    void fillNullEssence(GenericContainer::EditUnit & unit) override;
 
 private:
     class Impl;
