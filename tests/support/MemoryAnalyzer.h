@@ -15,6 +15,7 @@
 #include "Metadata/Structural/MultipleDescriptor.h"
 #include "Metadata/Structural/SourcePackage.h"
 #include "Metadata/Structural/StructuralMetadataKeys.h"
+#include "Types/Rational.h"
 #include "Types/UInt32.h"
 #include "support/Slices.h"
 
@@ -67,6 +68,7 @@ struct MemoryEssence
     unsigned int kagSize = 1;
     bool isValid = true;
     unsigned char elementType = 1;
+    char const * label = "06 0E 2B 34 04 01 01 02 0D 01 03 01 02 04 60 01"; ///< of frames of MPEG
 };
 
 /// An analyzer of essence in memory, of the kind `Kind`. It keeps its blocks
@@ -95,7 +97,11 @@ public:
             isPicture() ? Structural::StructuralMetadataKeys::genericPictureEssenceDescriptor()
                         : Structural::StructuralMetadataKeys::genericSoundEssenceDescriptor()));
         Types::UInt32 const linked(id);
+        Types::Rational const sampleRate(rate_.numerator(), rate_.denominator());
+        Types::UniversalLabel const container = universalLabel();
         descriptor.linkedTrack(&linked);
+        descriptor.sampleRate(&sampleRate);
+        descriptor.essenceContainer(&container);
         builder_ = std::make_unique<Builder>(metadata, package, number, id, rate_, essence_.preCharge);
         builder_->setDescriptorToPackage(&descriptor);
         return builder_->createTrack(isPicture() ? Structural::DataDefinitionULs::picture()
@@ -127,10 +133,7 @@ public:
         return true;
     }
 
-    Types::UniversalLabel universalLabel() override
-    {
-        return Types::UniversalLabel(hex("06 0E 2B 34 04 01 01 02 0D 01 03 01 02 04 60 01").data());
-    }
+    Types::UniversalLabel universalLabel() override { return Types::UniversalLabel(hex(essence_.label).data()); }
 
     bool isCBE() const override { return essence_.isCBE; }
     void boundedEditUnitSize(int size) override { essence_.bound = static_cast<unsigned int>(size); }
