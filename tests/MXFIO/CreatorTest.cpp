@@ -3,6 +3,7 @@
 #include "Exceptions/InvalidPosition.h"
 #include "Exceptions/InvalidValue.h"
 #include "MXFIO/KLVSource.h"
+#include "support/BytesFile.h"
 #include "support/Failure.h"
 #include "support/MemorySources.h"
 #include "support/OpenFile.h"
@@ -58,20 +59,13 @@ public:
 
     Bytes const & write()
     {
-        while (creator->writeUnit(false) != PullCreator::PullDone)
-            ;
+        Tests::write(*creator);
         return file.bytes;
     }
 
-    // Goes back to all that can be done better then.
     Bytes const & finish(UInt64 runInSize = 0)
     {
-        creator->finishWork(file);
-        for (auto const & entry : creator->partitionPacks())
-        {
-            file.seek(runInSize + entry.first);
-            EXPECT_TRUE(creator->updatePartition(entry.first, true)) << entry.first;
-        }
+        Tests::finish(*creator, file, runInSize);
         return file.bytes;
     }
 

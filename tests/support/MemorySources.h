@@ -1,7 +1,5 @@
 #pragma once
 
-#include "DataIO/RandomAccessDataSink.h"
-#include "Exceptions/IOError.h"
 #include "Exceptions/InvalidFormat.h"
 #include "GenericContainer/DefaultIndexTableGenerator.h"
 #include "GenericContainer/IndexSegmentInfo.h"
@@ -9,44 +7,14 @@
 #include "GenericStream/Source.h"
 #include "IndexTables/IndexEntry.h"
 #include "MXFIO/FutureUpdater.h"
-#include "Metadata/Structural/ContentStorage.h"
-#include "Metadata/Structural/Preface.h"
 #include "Metadata/Structural/SourcePackage.h"
 #include "support/MXFFile.h"
+#include "support/RootMetadata.h"
 #include "support/Slices.h"
-#include "support/StructuralMetadata.h"
 
 #include <memory>
 
 namespace Vantry { namespace Tests {
-
-/// A sink in memory, with a fault after so many writes.
-class BytesFile : public DataIO::RandomAccessDataSink
-{
-public:
-    explicit BytesFile(UInt64 runInSize = 0, unsigned int goodWrites = ~0u) :
-        bytes(runInSize), position_(runInSize), goodWrites_(goodWrites)
-    {
-    }
-
-    void write(unsigned char const * source, UInt64 howMuch) override
-    {
-        if (goodWrites_-- == 0)
-            throw Exceptions::IOError("disk full", __FILE__, __LINE__);
-        bytes.resize(std::max<UInt64>(bytes.size(), position_ + howMuch));
-        std::copy_n(source, howMuch, bytes.data() + position_);
-        position_ += howMuch;
-    }
-
-    UInt64 absoluteOffset() const override { return position_; }
-    UInt64 seek(UInt64 position) override { return position_ = std::min<UInt64>(position, bytes.size()); }
-
-    Bytes bytes;
-
-private:
-    UInt64 position_;
-    unsigned int goodWrites_;
-};
 
 /// What a source in memory is to give, and what becomes of it.
 struct EssencePlan
@@ -198,25 +166,14 @@ private:
     Templates::auto_ptr<MXFIO::IndexTableGenerator> generator_;
 };
 
-/// Header metadata that sources of essence can be entered in.
-struct EssenceMetadata
+/// Header metadata with a package for sources of essence.
+struct EssenceMetadata : RootMetadata
 {
-    EssenceMetadata() :
-        metadata(dictionary()),
-        preface(metadata.make<Metadata::Structural::Preface>()),
-        storage(metadata.make<Metadata::Structural::ContentStorage>()),
-        package(metadata.make<Metadata::Structural::SourcePackage>())
+    EssenceMetadata() : package(metadata.make<Metadata::Structural::SourcePackage>())
     {
         Types::UMID32 const umid = sample<Types::UMID32>();
         package.packageUID(&umid);
         storage.appendPackage(&package);
-        preface.contentStorage(&storage);
-    }
-
-    /// Lent to whom wants to share it.
-    Templates::SharedPtr<Metadata::PartitionMetadata> shared()
-    {
-        return Templates::SharedPtr<Metadata::PartitionMetadata>(&*metadata, false);
     }
 
     Templates::auto_ptr<GenericContainer::Source> source(EssencePlanPtr const & plan, unsigned char element = 1)
@@ -224,17 +181,7 @@ struct EssenceMetadata
         return Templates::auto_ptr<GenericContainer::Source>(new MemoryContainer(plan, element, package));
     }
 
-    StructuralMetadata metadata;
-    Metadata::Structural::Preface & preface;
-    Metadata::Structural::ContentStorage & storage;
     Metadata::Structural::SourcePackage & package;
-
-private:
-    static StructuralMetadata::Dictionary const & dictionary()
-    {
-        static auto const lenient = lenientDictionary();
-        return lenient;
-    }
 };
 
 }}
