@@ -69,7 +69,10 @@ public:
             file().append(&PAD, 1); // chunks end at even positions
         flush();
         if (canRewind())
-            file().overwriteStart(header(length));
+        {
+            std::vector<unsigned char> const final = header(length);
+            file().overwrite(0, final.data(), final.size());
+        }
         StreamOutput::complete();
     }
 

@@ -108,9 +108,9 @@ void GatheringFile::flush()
     smallUsed_ = 0;
 }
 
-void GatheringFile::overwriteStart(std::vector<unsigned char> const & bytes)
+void GatheringFile::overwrite(UInt64 position, unsigned char const * bytes, std::size_t size)
 {
-    if (::pwrite(file_, bytes.data(), bytes.size(), 0) != static_cast<ssize_t>(bytes.size()))
+    if (::pwrite(file_, bytes, size, static_cast<off_t>(position)) != static_cast<ssize_t>(size))
         fail();
 }
 

@@ -33,8 +33,8 @@ public:
     /// Writes out what was appended.
     void flush();
 
-    /// Puts bytes in place of the first ones, which were written already.
-    void overwriteStart(std::vector<unsigned char> const & bytes);
+    /// Puts bytes in place of others, which were written already.
+    void overwrite(UInt64 position, unsigned char const * bytes, std::size_t size);
 
     /// Flushes, and ends the file.
     void close();

@@ -21,6 +21,9 @@ public:
     /// The one file that the command works on.
     virtual void file(std::string & target, char const * help) = 0;
 
+    /// One file or more.
+    virtual void files(std::vector<std::string> & target, char const * valueName, char const * help) = 0;
+
     /// A switch, off unless it is given.
     virtual void flag(char const * name, bool & target, char const * help) = 0;
 

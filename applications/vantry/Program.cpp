@@ -47,6 +47,11 @@ public:
         parser_.add_option("FILE", target, help)->required()->type_name("");
     }
 
+    void files(std::vector<std::string> & target, char const * valueName, char const * help) override
+    {
+        parser_.add_option(valueName, target, help)->required()->type_name("");
+    }
+
     void flag(char const * name, bool & target, char const * help) override { parser_.add_flag(name, target, help); }
 
     void text(char const * name, std::string & target, char const * valueName, char const * help) override

@@ -3,6 +3,7 @@
 #include "Output.h"
 #include "Program.h"
 #include "UnwrapCommand.h"
+#include "WrapCommand.h"
 
 #include <csignal>
 #include <cstdio>
@@ -19,6 +20,7 @@ int main(int argumentCount, char ** arguments)
     program.add(std::make_unique<DumpCommand>());
     program.add(std::make_unique<InfoCommand>());
     program.add(std::make_unique<UnwrapCommand>());
+    program.add(std::make_unique<WrapCommand>());
 
     Output output(stdout);
     return static_cast<int>(program.run(argumentCount, arguments, output));

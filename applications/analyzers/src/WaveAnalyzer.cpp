@@ -100,7 +100,11 @@ class WaveAnalyzer::Impl
 public:
     Impl(Templates::SharedPtr<DataIO::SliceSource> source, Labels::WrapKind wrapping, Labels::Mapping kind,
          int picked) :
-        stream(std::move(source)), wrapKind(wrapping), mapping(kind), channel(picked)
+        stream(std::move(source)),
+        wrapKind(wrapping),
+        mapping(kind),
+        channel(picked),
+        fillsLastEditUnit(wrapping == Labels::FRAME)
     {
     }
 
@@ -193,6 +197,7 @@ public:
     Labels::WrapKind const wrapKind;
     Labels::Mapping const mapping;
     int const channel;
+    bool fillsLastEditUnit;
     Rate rate;
     std::optional<SampleCadence> cadence;
     std::unique_ptr<EssenceMetadata> metadata;
@@ -239,6 +244,11 @@ WaveAnalyzer::WaveAnalyzer(Templates::SharedPtr<DataIO::SliceSource> source, Lab
 }
 
 WaveAnalyzer::~WaveAnalyzer() = default;
+
+void WaveAnalyzer::fillLastEditUnit(bool fill)
+{
+    impl_->fillsLastEditUnit = fill;
+}
 
 unsigned int WaveAnalyzer::channelsInStream() const
 {
@@ -308,7 +318,7 @@ bool WaveAnalyzer::nextEditUnit(EditUnit & unit)
         return false;
 
     UInt64 const whole = impl_->cadence->samples(impl_->editUnits);
-    if (samples < whole && impl_->wrapKind == Labels::FRAME)
+    if (samples < whole && impl_->fillsLastEditUnit)
     {
         impl_->addSilence(whole - samples, unit.data);
         samples = whole;

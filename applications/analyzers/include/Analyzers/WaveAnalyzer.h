@@ -22,8 +22,8 @@ namespace Analyzers {
 /// container as they are, uncopied unless one channel is picked. Edit units
 /// are those of the container; where it has an NTSC rate they differ in their
 /// number of samples. A last edit unit that isn't full is filled with silence
-/// where it is wrapped as a frame. Silence also stands in where there is no
-/// sound.
+/// where it is wrapped as a frame, or so is wanted. Silence also stands in
+/// where there is no sound.
 class WaveAnalyzer : public GenericContainer::SoundAnalyzer, public GenericContainer::NullEssenceProvider
 {
 public:
@@ -38,6 +38,10 @@ public:
     WaveAnalyzer(Templates::SharedPtr<DataIO::SliceSource> source, Labels::WrapKind wrapKind,
                  Labels::Mapping mapping = Labels::BROADCAST_WAVE, int channel = ALL_CHANNELS);
     ~WaveAnalyzer() override;
+
+    /// Whether silence fills a last edit unit that isn't full; of a clip it
+    /// doesn't unless told.
+    void fillLastEditUnit(bool fill);
 
     /// Channels in the stream, once it is preloaded.
     unsigned int channelsInStream() const;

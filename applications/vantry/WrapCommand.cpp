@@ -1,0 +1,261 @@
+#include "WrapCommand.h"
+
+#include "CommonOptions.h"
+#include "Exceptions/InvalidValue.h"
+#include "Failure.h"
+#include "Interruption.h"
+#include "Options.h"
+#include "Output.h"
+#include "Progress.h"
+#include "Schema/Dictionaries.h"
+#include "SchemaInUse.h"
+#include "Utils/Test/DeterministicScope.h"
+
+#include <algorithm>
+#include <fmt/format.h>
+#include <nlohmann/json.hpp>
+#include <numeric>
+
+namespace Vantry { namespace Application {
+
+namespace fs = std::filesystem;
+using Rate = Templates::Rational<int>;
+
+namespace {
+
+Rate const USUAL_RATE = 25;
+UInt64 const LARGEST_KAG_SIZE = 1 << 20;
+
+// Number of a file's first track behind the time code.
+unsigned int const FIRST_TRACK = 2;
+
+std::string textOf(Rate const & rate)
+{
+    return fmt::format("{}/{}", rate.numerator(), rate.denominator());
+}
+
+std::string lineOf(WrappedFile const & file)
+{
+    std::string lines = fmt::format("{}  {} tracks, {} edit units, {} bytes\n", file.target().string(),
+                                    file.inputs().size(), file.editUnits(), file.size());
+    for (auto const & input : file.inputs())
+        if (input->isLeft())
+            lines += fmt::format("  {} goes on behind the pictures, and was left there\n", input->file());
+    return lines;
+}
+
+nlohmann::ordered_json jsonOf(WrappedFile const & file)
+{
+    nlohmann::ordered_json json;
+    json["file"] = file.target().string();
+    json["edit_units"] = file.editUnits();
+    json["bytes"] = file.size();
+    json["tracks"] = nlohmann::ordered_json::array();
+    unsigned int track = FIRST_TRACK;
+    for (auto const & input : file.inputs())
+        json["tracks"].push_back(
+            {{"track", track++}, {"kind", input->kind()}, {"input", input->file()}, {"cut", input->isLeft()}});
+    return json;
+}
+
+}
+
+char const * WrapCommand::summary() const
+{
+    return "Make an MXF file from essence";
+}
+
+char const * WrapCommand::example() const
+{
+    return "vantry wrap picture.m2v left.wav right.wav -o a.mxf --timecode 10:00:00:00";
+}
+
+char const * WrapCommand::jsonForm() const
+{
+    return "Give the list of what was written as JSON on standard output";
+}
+
+void WrapCommand::declareOptions(Options & options)
+{
+    options.files(inputs_, "INPUT", "Wave files and streams of MPEG-2 video, recognised by their content");
+    options.requiredText("-o,--output", output_, "FILE", "The file to make");
+    options.text("--pattern", pattern_, "op1a", "The operational pattern");
+    options.text("--wrapping", wrapping_, "frame|clip", "Wrap frame by frame (default), or one input as a clip");
+    options.text("--edit-rate", editRate_, "N/D", "Edit units per second; by default the pictures', else 25/1");
+    options.text("--timecode", timeCode_, "HH:MM:SS:FF", "The first time code; with ; ahead of FF for drop frame");
+    options.text("--name", name_, "TEXT", "The name of the material package");
+    options.number("--kag", kagSize_, "N", "The grid, in bytes, on which elements begin; 512 by default");
+    options.number("--partition-every", editUnitsPerPartition_, "N", "Begin a partition every N edit units");
+    options.text("--index-in", indexPlace_, "header|body|end",
+                 "Put the index into the header, behind each part of the essence, or behind all of it (default)");
+    options.flag("--no-rip", hasNoRIP_, "Write no random index pack");
+    options.flag("--deterministic", isDeterministic_, "Make the same bytes from the same input");
+    options.flag("--force", force_, "Replace a file that is there already");
+}
+
+void WrapCommand::run(CommonOptions const & common, Output & output)
+{
+    WrapSettings const settings = checked(this->settings());
+    std::optional<Utils::Test::DeterministicScope> deterministic;
+    if (settings.isDeterministic)
+        deterministic.emplace();
+
+    Interruption const interruption;
+    Files const files = makeFiles(settings, common);
+    write(files, common.quiet);
+    for (auto const & file : files)
+        file->publish();
+
+    nlohmann::ordered_json list = nlohmann::ordered_json::array();
+    for (auto const & file : files)
+        if (common.json)
+            list.push_back(jsonOf(*file));
+        else
+            output.buffer().append(lineOf(*file));
+    if (common.json)
+        output.buffer().append(list.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n");
+}
+
+void WrapCommand::wrongUsage(std::string const & problem) const
+{
+    throw Failure(ExitStatus::WRONG_USAGE, output_, problem);
+}
+
+WrapSettings WrapCommand::settings() const
+{
+    WrapSettings settings;
+    if (pattern_ != "op1a")
+        wrongUsage("--pattern is op1a, not " + pattern_);
+    if (!wrapping_.empty() && wrapping_ != "frame" && wrapping_ != "clip")
+        wrongUsage("--wrapping is frame or clip, not " + wrapping_);
+    settings.isClip = wrapping_ == "clip";
+
+    if (!editRate_.empty() && !(settings.editRate = editRateOf(editRate_)))
+        wrongUsage("--edit-rate " + editRate_ + " is no rate such as 25/1");
+    if (!timeCode_.empty() && !(settings.timeCode = WrittenTimeCode::of(timeCode_)))
+        wrongUsage("--timecode " + timeCode_ + " is no time code such as 10:00:00:00");
+
+    if (indexPlace_ == "header")
+        settings.indexPlace = IndexPlace::HEADER;
+    else if (indexPlace_ == "body")
+        settings.indexPlace = IndexPlace::BODY;
+    else if (indexPlace_ != "end")
+        wrongUsage("--index-in is header, body or end, not " + indexPlace_);
+
+    settings.name = name_;
+    settings.kagSize = number(kagSize_, "--kag", LARGEST_KAG_SIZE, settings.kagSize);
+    settings.editUnitsPerPartition = number(editUnitsPerPartition_, "--partition-every", ~0u, 0);
+    settings.hasRIP = !hasNoRIP_;
+    settings.isDeterministic = isDeterministic_;
+    return settings;
+}
+
+unsigned int WrapCommand::number(std::optional<UInt64> const & given, char const * name, UInt64 most,
+                                 unsigned int usual) const
+{
+    if (!given)
+        return usual;
+    if (*given == 0 || *given > most)
+        wrongUsage(fmt::format("{} goes from 1 to {}", name, most));
+    return static_cast<unsigned int>(*given);
+}
+
+WrapSettings WrapCommand::checked(WrapSettings const & settings) const
+{
+    if (settings.isClip && settings.editUnitsPerPartition != 0)
+        wrongUsage("--partition-every doesn't go with a clip, which stays whole");
+    if (settings.isClip && inputs_.size() != 1)
+        wrongUsage(fmt::format("--wrapping clip takes one input, these are {}", inputs_.size()));
+    return settings;
+}
+
+WrappedFile::Inputs WrapCommand::openInputs(WrapSettings const & settings) const
+{
+    std::vector<InputKind> kinds;
+    for (std::string const & file : inputs_)
+        kinds.push_back(recogniseInput(file));
+    bool const hasPictures = std::find(kinds.begin(), kinds.end(), InputKind::MPEG2_VIDEO) != kinds.end();
+    TakenAs const frames = hasPictures ? TakenAs::FRAMES_BESIDE_PICTURES : TakenAs::FRAMES;
+
+    WrappedFile::Inputs inputs;
+    for (std::size_t i = 0; i < kinds.size(); ++i)
+        inputs.push_back(std::make_unique<WrapInput>(inputs_[i], kinds[i], settings.isClip ? TakenAs::CLIP : frames));
+
+    // So they are in a content package, and their tracks in the file.
+    std::stable_partition(inputs.begin(), inputs.end(), [](auto const & input) { return input->isPicture(); });
+    return inputs;
+}
+
+Rate WrapCommand::rateOf(WrapSettings const & settings, WrappedFile::Inputs const & inputs) const
+{
+    std::optional<Rate> rate = settings.editRate;
+    bool hasPredicted = false;
+    for (auto const & input : inputs)
+    {
+        std::optional<Rate> const own = input->rate();
+        if (own && rate && *own != *rate)
+            wrongUsage(fmt::format("{} has {} pictures a second, and the file {}", input->file(), textOf(*own),
+                                   textOf(*rate)));
+        rate = own ? own : rate;
+
+        bool const isPredicted = input->analyzer()->containsTemporalDependencies();
+        if (isPredicted && hasPredicted)
+            wrongUsage("a file takes one input with predicted pictures, and " + input->file() + " is another");
+        hasPredicted = hasPredicted || isPredicted;
+    }
+    return rate.value_or(USUAL_RATE);
+}
+
+void WrapCommand::checkTimeCode(WrapSettings const & settings, Rate const & rate) const
+{
+    std::optional<unsigned char> const base = timeCodeBase(rate);
+    if (!base)
+        wrongUsage("there is no time code at " + textOf(rate) + " edit units a second");
+    try
+    {
+        if (settings.timeCode)
+            settings.timeCode->at(*base);
+    }
+    catch (Exceptions::InvalidValue const &)
+    {
+        wrongUsage(fmt::format("there is no time code {} at {} edit units a second", timeCode_, textOf(rate)));
+    }
+}
+
+WrapCommand::Files WrapCommand::makeFiles(WrapSettings const & settings, CommonOptions const & common) const
+{
+    PatternBuilder::Dictionary const dictionary = Schema::makeDictionary(SchemaInUse(common.dictionary).tables());
+    WrappedFile::Inputs inputs = openInputs(settings);
+    Rate const rate = rateOf(settings, inputs);
+    checkTimeCode(settings, rate);
+
+    Files files;
+    files.push_back(std::make_unique<WrappedFile>(settings, dictionary, rate, std::move(inputs), output_, force_));
+    return files;
+}
+
+void WrapCommand::write(Files const & files, bool quiet) const
+{
+    UInt64 total = 0;
+    for (auto const & file : files)
+        for (auto const & input : file->inputs())
+            total += input->size();
+
+    Progress progress(total, quiet);
+    UInt64 done = 0;
+    for (auto const & file : files)
+    {
+        file->start();
+        while (file->writeUnit())
+        {
+            if (Interruption::isWanted())
+                throw Failure(ExitStatus::FAILED, output_, "interrupted");
+            progress.show(done + file->size());
+        }
+        done += file->size();
+    }
+    for (auto const & file : files)
+        file->finish();
+}
+
+}}
