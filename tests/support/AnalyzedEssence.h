@@ -16,6 +16,7 @@ namespace Vantry { namespace Tests {
 struct Unit
 {
     Bytes data;
+    UInt64 slices;
     Templates::Rational<int> duration;
     int flags;
     int temporalOffset;
@@ -30,7 +31,7 @@ inline std::vector<Unit> unitsOf(GenericContainer::EssenceAnalyzer & analyzer)
         GenericContainer::EditUnit unit;
         if (!analyzer.nextEditUnit(unit))
             break;
-        units.push_back({bytesOf(unit.data), unit.duration, unit.flags, unit.temporalOffset});
+        units.push_back({bytesOf(unit.data), unit.data.slice_count(), unit.duration, unit.flags, unit.temporalOffset});
     }
     return units;
 }

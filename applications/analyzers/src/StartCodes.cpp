@@ -1,6 +1,6 @@
 #include "StartCodes.h"
 
-#include "DataIO/SyncResult.h"
+#include "DataIO/Chain.h"
 
 #include <algorithm>
 
@@ -11,6 +11,13 @@ namespace {
 // As much as is asked of the reader at once: it stays in the processor's
 // cache from the file to the search and on to the file that is written.
 UInt64 const SLICE_SIZE = 1 << 18;
+
+// Where slices are shorter than what a start code may lie across, so many
+// bytes are joined.
+UInt64 const JOINED_SIZE = 4096;
+
+// As many bytes of a start code may lie ahead of a seam, and behind it.
+UInt64 const OVERLAP = StartCodes::SIZE - 1;
 
 // 00 00 01 and any value, the first byte lowest.
 unsigned int const WORD = 0x00010000;
@@ -37,7 +44,7 @@ bool StartCodes::find(DataIO::Chain & passed)
 
 bool StartCodes::findInSlice(DataIO::Chain & passed)
 {
-    Templates::auto_ptr<DataIO::Slice> slice = reader_.nextSlice(SLICE_SIZE);
+    Templates::auto_ptr<DataIO::Slice> slice = nextSlice();
     unsigned char const * at = slice->begin();
     unsigned char const * const end = slice->end();
     while (end - at >= static_cast<std::ptrdiff_t>(SIZE))
@@ -45,7 +52,7 @@ bool StartCodes::findInSlice(DataIO::Chain & passed)
         unsigned char const * const code = finder_.findWindow(at, end);
         if (code == end)
         {
-            at = end - (SIZE - 1);
+            at = end - OVERLAP;
             break;
         }
         if (isWanted(code[SIZE - 1]))
@@ -56,25 +63,43 @@ bool StartCodes::findInSlice(DataIO::Chain & passed)
         }
         at = code + SIZE;
     }
-
-    // The last bytes may begin a code that goes on in the next slice.
-    UInt64 const rest = static_cast<UInt64>(end - at);
-    reader_.unget(slice->splice(at));
-    passed.push_back(slice);
-    return findAtSeam(rest, passed);
+    return findAtSeam(slice, static_cast<UInt64>(end - at), passed);
 }
 
-bool StartCodes::findAtSeam(UInt64 size, DataIO::Chain & passed)
+// The last `size` bytes of the slice may begin a code that ends in the next
+// one. Neither is cut unless there is one, so that few pieces are made.
+bool StartCodes::findAtSeam(Templates::auto_ptr<DataIO::Slice> slice, UInt64 size, DataIO::Chain & passed)
 {
-    DataIO::SyncResult result;
-    bool const isCode = size != 0 && finder_.find(size, result);
-    passed.push_back(result.skipped);
-    if (!isCode)
+    Templates::auto_ptr<DataIO::Slice> following = nextSlice();
+    unsigned char window[2 * OVERLAP];
+    unsigned char * end = std::copy_n(slice->end() - size, size, window);
+    end = std::copy_n(following->begin(), std::min(following->size(), OVERLAP), end);
+    reader_.unget(following);
+
+    bool const isLongEnough = end - window >= static_cast<std::ptrdiff_t>(SIZE);
+    unsigned char const * const code = isLongEnough ? finder_.findWindow(window, end) : end;
+    if (code == end)
+    {
+        passed.push_back(slice);
         return false;
-    if (isWanted(static_cast<unsigned char>(result.word >> 24)))
-        return true;
-    reader_.read(SIZE, passed);
-    return false;
+    }
+
+    bool const isFound = isWanted(code[SIZE - 1]);
+    reader_.unget(slice->splice(slice->end() - size + (code - window)));
+    passed.push_back(slice);
+    if (!isFound)
+        reader_.read(SIZE, passed);
+    return isFound;
+}
+
+// A slice of three bytes or more, but for the end of the stream.
+Templates::auto_ptr<DataIO::Slice> StartCodes::nextSlice()
+{
+    Templates::auto_ptr<DataIO::Slice> slice = reader_.nextSlice(SLICE_SIZE);
+    if (slice->size() >= OVERLAP)
+        return slice;
+    reader_.unget(slice);
+    return reader_.read(JOINED_SIZE);
 }
 
 bool StartCodes::isWanted(unsigned char value) noexcept

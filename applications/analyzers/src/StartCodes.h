@@ -28,7 +28,8 @@ public:
 
 private:
     bool findInSlice(DataIO::Chain & passed);
-    bool findAtSeam(UInt64 size, DataIO::Chain & passed);
+    bool findAtSeam(Templates::auto_ptr<DataIO::Slice> slice, UInt64 size, DataIO::Chain & passed);
+    Templates::auto_ptr<DataIO::Slice> nextSlice();
     bool isWanted(unsigned char value) noexcept;
 
     DataIO::SliceReader & reader_;

@@ -246,6 +246,10 @@ TEST_F(MPEG2VideoAnalyzerTest, AgreesWithFFprobe)
         for (std::size_t place = 0; place < probed.shown.size(); ++place)
             coded.at(probed.shown[place].second) = {probed.shown[place].first, place};
 
+        UInt64 const slices = std::accumulate(units.begin(), units.end(), UInt64(0),
+                                              [](UInt64 sum, Unit const & unit) { return sum + unit.slices; });
+        EXPECT_LE(slices, units.size() + file.content().size() / 10000) << "cut at frames alone";
+
         std::size_t anchor = 0;
         for (std::size_t i = 0; i < units.size(); ++i)
         {
