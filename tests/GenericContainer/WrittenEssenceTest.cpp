@@ -9,8 +9,8 @@
 #include "OPBuilders/GenericOPBuilder.h"
 #include "Utils/Test/DeterministicScope.h"
 #include "support/BuiltMetadata.h"
+#include "support/BytesFile.h"
 #include "support/MemoryAnalyzer.h"
-#include "support/MemorySources.h"
 #include "support/UseContainer.h"
 #include "support/WrittenFile.h"
 
@@ -33,12 +33,15 @@ struct Plan
     unsigned int packageSize = 0;
     unsigned int unitsPerPartition = 0;
     MXFIO::IndexTableGeneration duringEssence = MXFIO::INDEX_NONE;
+    int pictureItemSize = 0;
+    UInt64 clipSize = 0;
+    UInt64 runInSize = 0;
 };
 
 class Writing
 {
 public:
-    explicit Writing(Plan const & plan)
+    explicit Writing(Plan const & plan) : file_(plan.runInSize)
     {
         Templates::auto_ptr<Source> source = plan.isClip ? clip(plan) : frames(plan);
         builder().createMaterialPackage(Utils::TimeCode(25), 25)->addSourcePackage(0, source->sourcePackage());
@@ -46,15 +49,9 @@ public:
         MXFIO::Creator creator(builder().metadata(), file_, 4096, 0);
         creator.masterEditUnitsPerPartition(plan.unitsPerPartition);
         creator.addEssenceContainer(source, plan.duringEssence, MXFIO::INDEX_FOLLOWING, false, MXFIO::INDEX_AUTOMATIC);
-        while (creator.writeUnit(false) != MXFIO::PullCreator::PullDone)
-            ;
+        write(creator);
         builder().update();
-        creator.finishWork(file_);
-        for (auto const & entry : creator.partitionPacks())
-        {
-            file_.seek(entry.first);
-            EXPECT_TRUE(creator.updatePartition(entry.first, true));
-        }
+        finish(creator, file_, plan.runInSize);
     }
 
     Bytes const & bytes() const { return file_.bytes; }
@@ -86,6 +83,8 @@ private:
         mux.kagSize(plan.kagSize);
         if (plan.packageSize != 0)
             mux.paddToEditUnit(plan.packageSize);
+        if (plan.pictureItemSize != 0)
+            mux.paddToItem(0, 0, plan.pictureItemSize, 256, 0);
         mux.addAnalyzer(analyzer<MemoryPictures>(plan, 300), false, 0);
         mux.addAnalyzer(analyzer<MemorySound>(plan, 20), false, 0);
         mux.addAnalyzer(analyzer<MemorySound>(plan, 40), false, 0);
@@ -94,7 +93,8 @@ private:
 
     Templates::auto_ptr<Source> clip(Plan const & plan)
     {
-        ClipWrapper::Wrapper wrapper(builder().metadata(), Types::UniversalLabel(hex(CLIP_OF_WAVE).data()), 25, {}, 0);
+        ClipWrapper::Wrapper wrapper(builder().metadata(), Types::UniversalLabel(hex(CLIP_OF_WAVE).data()), 25, {},
+                                     plan.clipSize);
         wrapper.kagSize(plan.kagSize);
         wrapper.addAnalyzer(analyzer<MemorySound>(plan, 40));
         return wrapper.commit();
@@ -133,10 +133,16 @@ TEST(WrittenEssence, IsReadBack)
         {"content packages of a size", false, false, 1, 1024},
         {"a clip of edit units of any size", true},
         {"a clip of edit units of one size, on a grid", true, true, 512},
+        {"items of a size"},
+        {"a clip of a size that is known, in partitions behind a run-in", true, true, 1, 0, 5},
     };
     plans[1].kagSize = 512;
     plans[1].unitsPerPartition = 5;
     plans[1].duringEssence = MXFIO::INDEX_FOLLOWING;
+    plans[1].runInSize = 100;
+    plans[7].pictureItemSize = 512;
+    plans[8].clipSize = 40 * UNITS;
+    plans[8].runInSize = 100;
     for (Plan const & plan : plans)
     {
         SCOPED_TRACE(plan.name);
