@@ -5,13 +5,11 @@
 #include "GenericContainer/ClipWrapper/Wrapper.h"
 #include "GenericContainer/Multiplexer/Mux.h"
 #include "MXFIO/FutureUpdater.h"
-#include "Metadata/Structural/ContentStorage.h"
-#include "Metadata/Structural/Preface.h"
 #include "Metadata/Structural/Sequence.h"
 #include "Metadata/Structural/StructuralComponent.h"
 #include "Metadata/Structural/TimelineTrack.h"
 #include "support/MemoryAnalyzer.h"
-#include "support/StructuralMetadata.h"
+#include "support/RootMetadata.h"
 
 #include <gtest/gtest.h>
 
@@ -33,28 +31,9 @@ Types::UniversalLabel label()
     return Types::UniversalLabel(hex("06 0E 2B 34 04 01 01 02 0D 01 03 01 02 7F 01 00").data());
 }
 
-// Metadata with a Preface and its ContentStorage.
-class Header
+struct Header : RootMetadata
 {
-public:
-    Header() { metadata_.make<Preface>().contentStorage(&storage_); }
-
-    Templates::SharedPtr<Metadata::PartitionMetadata> shared()
-    {
-        return Templates::SharedPtr<Metadata::PartitionMetadata>(&*metadata_, false);
-    }
-
-    SourcePackage & package() { return dynamic_cast<SourcePackage &>(*storage_.package(0u)); }
-
-private:
-    StructuralMetadata metadata_{lenient()};
-    ContentStorage & storage_ = metadata_.make<ContentStorage>();
-
-    static StructuralMetadata::Dictionary const & lenient()
-    {
-        static auto const dictionary = lenientDictionary();
-        return dictionary;
-    }
+    SourcePackage & package() const { return dynamic_cast<SourcePackage &>(*storage.package(0u)); }
 };
 
 // Tracks in short: "id number origin duration: lengths of components".
