@@ -16,6 +16,7 @@
 #include <algorithm>
 #include <cctype>
 #include <filesystem>
+#include <optional>
 #include <system_error>
 #include <tuple>
 #include <utility>
@@ -178,6 +179,7 @@ public:
     std::size_t next = 0;
     CodestreamHeader first;
     Rate rate;
+    std::optional<Rate> duration;
     unsigned int bound = 0;
     std::unique_ptr<EssenceMetadata> metadata;
 
@@ -315,11 +317,16 @@ bool JPEG2000Analyzer::done()
     return impl_->next == impl_->files.size();
 }
 
+void JPEG2000Analyzer::setDuration(Rate const & seconds)
+{
+    impl_->duration = seconds;
+}
+
 Rate JPEG2000Analyzer::getDuration()
 {
-    if (impl_->rate.numerator() <= 0)
-        return -1;
-    return Rate(static_cast<int>(impl_->files.size())) / impl_->rate;
+    if (impl_->duration)
+        return *impl_->duration;
+    return impl_->rate.numerator() > 0 ? Rate(static_cast<int>(impl_->files.size())) / impl_->rate : Rate(-1);
 }
 
 }}

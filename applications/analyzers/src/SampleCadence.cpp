@@ -4,6 +4,7 @@
 #include "Exceptions/InvalidValue.h"
 #include "Exceptions/NotImplemented.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace Vantry { namespace Analyzers {
@@ -56,6 +57,19 @@ unsigned int SampleCadence::samples(UInt64 editUnit) const
 
     auto const inCycle = static_cast<Int64>(editUnit % static_cast<UInt64>(ratio_.denominator()));
     return static_cast<unsigned int>(samplesUpTo(inCycle + 1) - samplesUpTo(inCycle));
+}
+
+UInt64 SampleCadence::editUnits(UInt64 samples) const
+{
+    // A cycle has a whole number of samples.
+    auto const cycle = alignment_.empty() ? static_cast<UInt64>(ratio_.denominator()) : alignment_.size();
+    UInt64 const samplesPerCycle =
+        cycle / static_cast<UInt64>(ratio_.denominator()) * static_cast<UInt64>(ratio_.numerator());
+    UInt64 const cycles = samples / samplesPerCycle;
+    UInt64 inCycle = 0;
+    for (UInt64 left = samples % samplesPerCycle; left != 0; ++inCycle)
+        left -= std::min<UInt64>(left, this->samples(inCycle));
+    return cycles * cycle + inCycle;
 }
 
 // The sample next to the start of the edit unit.

@@ -31,6 +31,9 @@ namespace {
 
 UInt64 const UNKNOWN_LENGTH = 0xFFFFFFFF;
 
+// A header may claim more sound than there is time for.
+UInt64 const MOST_UNITS = std::numeric_limits<int>::max();
+
 // Bytes 12 and 14 of element keys (SMPTE 382M).
 unsigned char const SOUND_ITEM = 0x16;
 unsigned char const WAVE_FRAME = 0x01;
@@ -193,6 +196,21 @@ public:
         }
     }
 
+    // Whole edit units; the last may not be full.
+    Rate durationOfStream()
+    {
+        std::optional<UInt64> const length = load() && cadence ? stream.length() : std::nullopt;
+        if (!length)
+            return -1;
+        UInt64 const units = cadence->editUnits(*length / stream.numberBlockAlign());
+        if (units > MOST_UNITS)
+            return -1;
+        Templates::Rational<Int64> const seconds(static_cast<Int64>(units) * rate.denominator(), rate.numerator());
+        if (seconds.numerator() > std::numeric_limits<int>::max())
+            return -1;
+        return Rate(static_cast<int>(seconds.numerator()), static_cast<int>(seconds.denominator()));
+    }
+
     Stream stream;
     Labels::WrapKind const wrapKind;
     Labels::Mapping const mapping;
@@ -200,6 +218,7 @@ public:
     bool fillsLastEditUnit;
     Rate rate;
     std::optional<SampleCadence> cadence;
+    std::optional<Rate> duration;
     std::unique_ptr<EssenceMetadata> metadata;
     UInt64 editUnits = 0;
     UInt64 samples = 0;
@@ -403,12 +422,14 @@ bool WaveAnalyzer::done()
     return impl_->isDone();
 }
 
+void WaveAnalyzer::setDuration(Rate const & seconds)
+{
+    impl_->duration = seconds;
+}
+
 Rate WaveAnalyzer::getDuration()
 {
-    std::optional<UInt64> const length = preload() ? impl_->stream.length() : std::nullopt;
-    UInt64 const samples = length ? *length / impl_->stream.numberBlockAlign() : 0;
-    return length && samples <= static_cast<UInt64>(std::numeric_limits<int>::max()) ? impl_->secondsOf(samples)
-                                                                                     : Rate(-1);
+    return impl_->duration ? *impl_->duration : impl_->durationOfStream();
 }
 
 }}

@@ -60,10 +60,13 @@ TEST(SampleCadence, KeepsSoundBesideThePicture)
                 continue;
             SampleCadence const cadence(samplingRate, rate);
             Int64 samples = 0;
+            EXPECT_EQ(cadence.editUnits(0), 0u);
             for (UInt64 i = 0; i < 500; ++i)
             {
                 samples += cadence.samples(i);
                 EXPECT_LE(cadence.samples(i), cadence.maximum());
+                EXPECT_EQ(cadence.editUnits(UInt64(samples)), i + 1);
+                EXPECT_EQ(cadence.editUnits(UInt64(samples) + 1), i + 2);
                 EXPECT_LE(std::abs(samples * rate.numerator() - Int64(i + 1) * samplingRate * rate.denominator()),
                           rate.numerator());
             }
@@ -95,7 +98,7 @@ TEST_F(WaveAnalyzerTest, CutsSoundByTheCadence)
         Bytes const sound = counting(std::accumulate(c.samples.begin(), c.samples.end(), 0u) * block, 1);
         WaveAnalyzer & analyzer = analyze(wave(format(c.channels, c.bits, 48000), sound), c.rate);
         EXPECT_FALSE(analyzer.done());
-        EXPECT_EQ(analyzer.getDuration(), Rate(int(sound.size() / block), 48000));
+        EXPECT_EQ(analyzer.getDuration(), Rate(int(c.samples.size())) / c.rate);
         EXPECT_EQ(analyzer.channelsInStream(), c.channels);
 
         std::vector<Unit> const units = unitsOf(analyzer);
@@ -119,6 +122,9 @@ TEST_F(WaveAnalyzerTest, EndsWithSilenceInAFrameAndAsItIsInAClip)
     EXPECT_EQ(bytesOf(unitsOf(analyze(stream, 25))), sound + repeated(3 * 4, 0));
 
     WaveAnalyzer & clip = analyze(stream, 25, Labels::CLIP);
+    EXPECT_EQ(clip.getDuration(), Rate(2, 25));
+    clip.setDuration(-1);
+    EXPECT_EQ(clip.getDuration(), Rate(-1));
     std::vector<Unit> const units = unitsOf(clip);
     EXPECT_EQ(bytesOf(units), sound);
     EXPECT_EQ(units.back().duration, Rate(1, 100));
@@ -200,6 +206,11 @@ TEST_F(WaveAnalyzerTest, RefusesWhatIsNoPCMOrCutOff)
     EXPECT_FAILURE(InvalidFormat, "The wave stream ends at byte 54 without sound", load(wave(stereo, {}).first(54)));
     EXPECT_FAILURE(InvalidFormat, "The wave stream ends at byte 70, 12 bytes short of its sound",
                    load(wave(stereo, counting(20)).first(70)));
+
+    Bytes const sizes = hex("FFFFFFFF FFFFFF7F FFFFFFFF FFFFFF7F 00000000 00000000 00000000");
+    Bytes const endless = waveFile(
+        waveChunk("ds64", sizes) + waveChunk("fmt ", stereo) + waveChunk("data", counting(20), 0xFFFFFFFF), "RF64");
+    EXPECT_EQ(analyze(endless, 25).getDuration(), Rate(-1)) << "a claim of ages";
 
     Bytes open = wave(stereo, counting(20));
     std::fill_n(open.end() - 24, 4, 0xFF);

@@ -70,6 +70,10 @@ public:
     unsigned char essenceElementType() const override;
     unsigned int requiredKAGSize() const override;
     bool done() override;
+
+    /// That of all files, unless another was set. A container that goes on
+    /// when the pictures have ended is to hear of none: -1.
+    void setDuration(Templates::Rational<int> const & seconds) override;
     Templates::Rational<int> getDuration() override;
 
 private:

@@ -21,6 +21,9 @@ public:
     /// Samples of an edit unit, the first being 0.
     unsigned int samples(UInt64 editUnit) const;
 
+    /// Edit units that so many samples reach into, from the first on.
+    UInt64 editUnits(UInt64 samples) const;
+
     /// The largest count that there is.
     unsigned int maximum() const noexcept { return maximum_; }
 

@@ -79,6 +79,11 @@ public:
     unsigned char essenceElementType() const override;
     unsigned int requiredKAGSize() const override;
     bool done() override;
+
+    /// That of the stream in whole edit units, as its header tells it, unless
+    /// another was set. A container that goes on when the sound has ended is
+    /// to hear of none: -1.
+    void setDuration(Templates::Rational<int> const & seconds) override;
     Templates::Rational<int> getDuration() override;
 
     /// Silence.
