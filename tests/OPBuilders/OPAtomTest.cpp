@@ -11,7 +11,11 @@ namespace Vantry { namespace OPBuilders { namespace {
 
 using namespace Tests;
 using namespace Metadata::Structural;
-using Building = BuiltMetadata<OPAtomBuilder>;
+
+struct Building : BuiltMetadata<OPAtomBuilder>
+{
+    Building() : BuiltMetadata(sharedLenientDictionary()) {}
+};
 
 Bytes labelOf(OPAtomBuilder const & builder)
 {

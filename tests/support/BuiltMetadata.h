@@ -26,6 +26,13 @@
 
 namespace Vantry { namespace Tests {
 
+/// One dictionary in which all attributes are optional.
+inline StructuralMetadata::Dictionary const & sharedLenientDictionary()
+{
+    static auto const lenient = lenientDictionary();
+    return lenient;
+}
+
 /// The metadata of a builder of an operational pattern, with source packages
 /// as essence containers make them. `Builder` takes the arguments that follow
 /// the date.
@@ -33,8 +40,8 @@ template <class Builder>
 struct BuiltMetadata
 {
     template <class... Flags>
-    explicit BuiltMetadata(Flags... flags) :
-        builder(dictionary(), Platform::wide(u"Company"), Platform::wide(u"Product"), Platform::wide(u"1.0"),
+    explicit BuiltMetadata(StructuralMetadata::Dictionary const & dictionary, Flags... flags) :
+        builder(dictionary, Platform::wide(u"Company"), Platform::wide(u"Product"), Platform::wide(u"1.0"),
                 sample<Types::UUID>(), nullptr, nullptr, flags...),
         metadata(*builder.metadata()),
         preface(Metadata::Structural::findPreface(metadata)),
@@ -117,12 +124,6 @@ struct BuiltMetadata
             return proxy.addClip(package, track(clip));
         std::size_t const comma = clip.find(',');
         proxy.addSubClip(package, track(clip), std::stoi(clip.substr(3)), std::stoi(clip.substr(comma + 1)));
-    }
-
-    static StructuralMetadata::Dictionary const & dictionary()
-    {
-        static auto const lenient = lenientDictionary();
-        return lenient;
     }
 
     Builder builder;

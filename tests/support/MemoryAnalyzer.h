@@ -9,12 +9,12 @@
 #include "GenericContainer/SoundAnalyzer.h"
 #include "GenericContainer/SystemAnalyzer.h"
 #include "Metadata/PartitionMetadata.h"
+#include "Metadata/Structural/CDCIEssenceDescriptor.h"
 #include "Metadata/Structural/DataDefinitionULs.h"
-#include "Metadata/Structural/GenericPictureEssenceDescriptor.h"
-#include "Metadata/Structural/GenericSoundEssenceDescriptor.h"
 #include "Metadata/Structural/MultipleDescriptor.h"
 #include "Metadata/Structural/SourcePackage.h"
 #include "Metadata/Structural/StructuralMetadataKeys.h"
+#include "Metadata/Structural/WAVEAudioEssenceDescriptor.h"
 #include "Types/Rational.h"
 #include "Types/UInt32.h"
 #include "support/Slices.h"
@@ -91,11 +91,11 @@ public:
                      unsigned int number, unsigned int id) override
     {
         namespace Structural = Metadata::Structural;
-        using Descriptor = std::conditional_t<isPicture(), Structural::GenericPictureEssenceDescriptor,
-                                              Structural::GenericSoundEssenceDescriptor>;
+        using Descriptor =
+            std::conditional_t<isPicture(), Structural::CDCIEssenceDescriptor, Structural::WAVEAudioEssenceDescriptor>;
         auto & descriptor = dynamic_cast<Descriptor &>(*metadata.createMetadataSet(
-            isPicture() ? Structural::StructuralMetadataKeys::genericPictureEssenceDescriptor()
-                        : Structural::StructuralMetadataKeys::genericSoundEssenceDescriptor()));
+            isPicture() ? Structural::StructuralMetadataKeys::cdciEssenceDescriptor()
+                        : Structural::StructuralMetadataKeys::waveAudioEssenceDescriptor()));
         Types::UInt32 const linked(id);
         Types::Rational const sampleRate(rate_.numerator(), rate_.denominator());
         Types::UniversalLabel const container = universalLabel();
