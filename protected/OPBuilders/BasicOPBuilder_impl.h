@@ -39,7 +39,7 @@ public:
 
     /// \param date  null for now
     BasicOPBuilder_impl(Templates::SharedPtr<MetaMetadata::Dictionary> const & dictionary, Product const & product,
-                        Types::Timestamp const * date, bool externalEssence, bool nonStream);
+                        Types::Timestamp const * date, bool isExternal, bool nonStream);
     BasicOPBuilder_impl(BasicOPBuilder_impl const &) = delete;
     BasicOPBuilder_impl & operator=(BasicOPBuilder_impl const &) = delete;
 
@@ -52,7 +52,7 @@ public:
     OPLabel const & label() const { return label_; }
 
     bool externalEssence() const { return externalEssence_; }
-    void externalEssence(bool externalEssence) { externalEssence_ = externalEssence; }
+    void externalEssence(bool isExternal) { externalEssence_ = isExternal; }
 
     /// What packages are made with.
     ProxyBase base() { return {*metadata_, *identification_, label_}; }

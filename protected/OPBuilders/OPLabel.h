@@ -28,12 +28,12 @@ public:
         ALTERNATE_PACKAGES = 3
     };
 
-    OPLabel(bool externalEssence, bool nonStream);
+    OPLabel(bool isExternal, bool nonStream);
 
     void raise(ItemComplexity complexity);
     void raise(PackageComplexity complexity);
 
-    void externalEssence(bool externalEssence);
+    void externalEssence(bool isExternal);
 
     /// Whether a source package has more than one track of essence.
     void severalEssenceTracks(bool several);
