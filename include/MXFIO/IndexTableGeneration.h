@@ -18,8 +18,8 @@ enum IndexTableGeneration : Int32
     /// All that there are, in each partition.
     INDEX_REPEATED = 2,
 
-    /// As INDEX_REPEATED. After the essence a table of one constant size, which
-    /// partitions ahead of it have, isn't written again.
+    /// As INDEX_REPEATED. Behind the essence, a table of one constant size comes
+    /// ahead of those of other containers.
     INDEX_REPEATED_IF_VARIABLE = 3
 };
 

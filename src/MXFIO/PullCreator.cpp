@@ -173,6 +173,9 @@ void PullCreator::Impl::commit(PulledUnit & unit)
     previousPartition_ = unit.previousPartition;
     bytesWritten_ = unit.offset();
 
+    if (!unit.updater && unit.partitions.empty())
+        return;
+
     // A listener may go while it is told.
     Templates::vector<CreatorListener *> const told = listeners;
     for (CreatorListener * listener : told)

@@ -186,6 +186,7 @@ TEST(Creator, OrdersThePartitions)
         {"10", "turn=1", INDEX_NONE, INDEX_NONE, "H1x5m B1x5 Fm R"},
         {"10c 6", "turn=1", INDEX_NONE, INDEX_NONE, "H1x10m B3x5 B3x1 Fm R"},
         {"10v 6v 0v", "", INDEX_NONE, INDEX_REPEATED, "H1x10m B3x6 B5x0 Bi4 Bi2 Fm R"},
+        {"10v 6", "", INDEX_FOLLOWING, INDEX_REPEATED_IF_VARIABLE, "H1x10m B3x6i4 Bi4 Bi2 Fm R"},
         {"10 6s", "metadata=1", INDEX_NONE, INDEX_NONE, "H1x10m B3x6 Fm R"},
         {"6s 10", "metadata=1", INDEX_NONE, INDEX_NONE, "Hm B1x6 B3x10m Fm R"},
     };
