@@ -49,6 +49,9 @@ UInt64 payloadSize(Slice const & header)
     return (arrayCount % 4 == 0 ? arrayCount : sampleCount) * elementSize;
 }
 
+// From the start on, so that the metadata don't grow when it becomes known.
+Types::Length const UNKNOWN_DURATION(-1);
+
 MultipleDescriptor * multipleDescriptorOf(SourcePackage * package)
 {
     return package != nullptr ? dynamic_cast<MultipleDescriptor *>(package->descriptor()) : nullptr;
@@ -74,6 +77,7 @@ public:
         descriptor_->sampleRate(&sampleRate);
         descriptor_->essenceContainer(&container);
         descriptor_->linkedTrack(&linkedTrack);
+        descriptor_->containerDuration(&UNKNOWN_DURATION);
         setDescriptorToPackage(descriptor_);
     }
 
