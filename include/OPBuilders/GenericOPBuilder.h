@@ -82,9 +82,10 @@ public:
     ///
     /// \param start  the first time code
     /// \param rate   edit units of the time code track per second
-    /// \param id     identifies the package; otherwise it gets a new identifier
     /// \return owned by the builder
     MaterialPackageProxy * createMaterialPackage(Utils::TimeCode const & start, Templates::Rational<int> const & rate);
+
+    /// The same with an identifier of the package that is given, not new.
     MaterialPackageProxy * createMaterialPackage(Utils::TimeCode const & start, Templates::Rational<int> const & rate,
                                                  Types::UMID32 const & id);
 

@@ -48,14 +48,16 @@ public:
     Wrapper & operator=(Wrapper const &) = delete;
     ~Wrapper();
 
-    /// Adds an analyzer. The first one gives the time code.
+    /// Adds an analyzer. The first one gives the time code. The wrapper counts
+    /// the clips of a kind.
     ///
-    /// \param elementNumber  byte 15 of the key, below 128; from 128 on, as
-    ///                       without it, the builder counts
     /// \throws Exceptions::InvalidElement for a system analyzer.
     /// \throws Exceptions::IndexOutOfBounds when there are too many of its
     ///         kind.
     void addAnalyzer(Templates::SharedPtr<EssenceAnalyzer> analyzer);
+
+    /// The same with byte 15 of the key, below 128; from 128 on the wrapper
+    /// counts.
     void addAnalyzer(Templates::SharedPtr<EssenceAnalyzer> analyzer, unsigned char elementNumber);
 
     /// What the buffer source and the analyzers are fed from: once these have

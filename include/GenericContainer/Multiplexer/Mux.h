@@ -65,15 +65,13 @@ public:
     ~Mux();
 
     /// Adds an analyzer. The first one, or the system analyzer, gives the time
-    /// code.
+    /// code. The builder counts the elements of a kind.
     ///
     /// \param fill            store edit units of differing sizes at the size
     ///                        that bounds them
     /// \param temporalOffset  seconds by which the essence starts later than
     ///                        the container; below 0, its first content
     ///                        package has what came earlier
-    /// \param elementNumber   byte 15 of the key, below 128; from 128 on, as
-    ///                        without it, the builder counts
     /// \throws Exceptions::IndexOutOfBounds when there are too many of its
     ///         kind.
     /// \throws Exceptions::AlreadySet for a second system analyzer.
@@ -81,6 +79,9 @@ public:
     ///         of ANC packets (SMPTE 436M).
     void addAnalyzer(Templates::SharedPtr<EssenceAnalyzer> analyzer, bool fill,
                      Templates::Rational<Int64> const & temporalOffset);
+
+    /// The same with byte 15 of the key, below 128; from 128 on the builder
+    /// counts.
     void addAnalyzer(Templates::SharedPtr<EssenceAnalyzer> analyzer, bool fill,
                      Templates::Rational<Int64> const & temporalOffset, unsigned char elementNumber);
 
