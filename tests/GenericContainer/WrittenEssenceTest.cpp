@@ -103,7 +103,7 @@ private:
     // They have the blocks of the essence, and go last.
     std::vector<Analyzer> analyzers_;
     std::vector<MemoryEssence> essence_;
-    BuiltMetadata<OPBuilders::GenericOPBuilder> metadata_{sharedLenientDictionary(), false, false};
+    BuiltMetadata<OPBuilders::GenericOPBuilder> metadata_{sharedLenientDictionary(), nullptr, false, false};
     BytesFile file_;
 };
 

@@ -17,12 +17,16 @@ namespace Vantry { namespace OPBuilders { namespace {
 
 using namespace Tests;
 using namespace Metadata::Structural;
+namespace Keys = StructuralMetadataKeys;
+
+Types::Rational const NO_RATE(0, 1);
 
 struct Building : BuiltMetadata<GenericOPBuilder>
 {
     explicit Building(std::vector<std::string> const & sourceTracks = {}, Int64 length = 10,
-                      bool externalEssence = false, bool nonStream = false) :
-        BuiltMetadata(sharedLenientDictionary(), externalEssence, nonStream)
+                      bool externalEssence = false, bool nonStream = false,
+                      Types::ProductVersion const * version = nullptr) :
+        BuiltMetadata(sharedLenientDictionary(), version, externalEssence, nonStream)
     {
         for (std::string const & tracks : sourceTracks)
             addSource(tracks, length);
@@ -179,26 +183,21 @@ TEST(GenericOPBuilder, TellsTheVersionOfTheLibraryBesideAnother)
     using Types::ProductVersion;
     ProductVersion const none(0, 0, 0, 0, ProductVersion::RELEASE_UNKNOWN);
     ProductVersion const some(1, 2, 3, 4, ProductVersion::RELEASE_BETA);
-    for (ProductVersion const * version : {static_cast<ProductVersion const *>(nullptr), &none, &some})
+    for (ProductVersion const * version : {&none, &some})
     {
-        auto const empty = Platform::wide(u"");
-        GenericOPBuilder const builder(sharedLenientDictionary(), empty, empty, empty, sample<Types::UUID>(), version,
-                                       nullptr, false, false);
-        Identification const & identification = *findPreface(*builder.metadata()).identification(0);
-        ASSERT_EQ(identification.productVersion() != nullptr, version != nullptr);
-        ASSERT_EQ(identification.toolkitVersion() != nullptr, version != nullptr);
-        if (version == nullptr)
-            continue;
+        Building const building({}, 0, false, false, version);
+        Identification const & identification = *building.preface.identification(0);
         EXPECT_EQ(*identification.productVersion(), *version);
         EXPECT_EQ(identification.toolkitVersion()->minor(), version == &some ? 4 : 0);
     }
+    EXPECT_EQ(Building().preface.identification(0)->toolkitVersion(), nullptr);
 }
 
 TEST(GenericOPBuilder, ListsEssenceContainersInOrder)
 {
     Types::UniversalLabel const multiple(hex("06 0E 2B 34 04 01 01 03 0D 01 03 01 02 7F 01 00").data());
     Building building({"p", "s", "s"});
-    auto & several = building.make<MultipleDescriptor>(StructuralMetadataKeys::multipleDescriptor());
+    auto & several = building.make<MultipleDescriptor>(Keys::multipleDescriptor());
     several.essenceContainer(&multiple);
     several.addSubDescriptor(0, &several);
     several.addSubDescriptor(1, &building.descriptor("06 0E 2B 34 04 01 01 02 0D 01 03 01 02 04 60 01"));
@@ -226,15 +225,15 @@ TEST(GenericOPBuilder, RefusesTracksThatCantBeClips)
     Building building({"ps"});
     SourcePackage & source = *building.sources[0];
     TrackProxy & track = *building.addMaterial("A1").addTrack(0, nullptr);
-    auto & timeline = building.make<TimelineTrack>(StructuralMetadataKeys::timelineTrack());
-    auto & still = building.make<StaticTrack>(StructuralMetadataKeys::staticTrack());
+    auto & timeline = building.make<TimelineTrack>(Keys::timelineTrack());
+    auto & still = building.make<StaticTrack>(Keys::staticTrack());
     Types::Rational const rate(25, 1);
 
     EXPECT_FAILURE(InvalidFormat, "tt != 0: Only Timeline Tracks are allowed", track.addClip(source, still));
     EXPECT_FAILURE(InvalidFormat, "rate != 0: Track has no Edit Rate", track.addSubClip(source, timeline, 0, 1));
     timeline.editRate(&rate);
     EXPECT_FAILURE(InvalidFormat, "seq != 0: Track has no Sequence", track.addClip(source, timeline));
-    timeline.sequence(&building.make<Sequence>(StructuralMetadataKeys::sequence()));
+    timeline.sequence(&building.make<Sequence>(Keys::sequence()));
     EXPECT_FAILURE(InvalidFormat, "dataDefinition != 0: Sequence has no Data Definition",
                    track.addClip(source, timeline));
     building.addClip(track, "A2");
@@ -244,46 +243,28 @@ TEST(GenericOPBuilder, RefusesTracksThatCantBeClips)
     EXPECT_EQ(building.complexity(), hex("01 01 09"));
 }
 
-// The source track as the clip sees it, outside of a package that is checked
-// ahead.
-void removeFromPackage(Building & building)
-{
-    building.sources[0]->removeTrack(0);
-}
-
 TEST(GenericOPBuilder, RefusesToUpdateFromBrokenSources)
 {
-    using Breaks = std::function<void(Building &, TimelineTrack &)>;
-    Types::Rational const noRate(0, 1);
-    std::pair<Breaks, char const *> const cases[] = {
-        {[](Building & b, TimelineTrack & track)
-         {
-             auto & time = b.make<TimecodeComponent>(StructuralMetadataKeys::timecodeComponent());
-             track.sequence()->addStructuralComponent(1, &time);
-         },
+    // A track outside of its package is one that only the clip sees.
+    using Break = void (*)(Building &, TimelineTrack &);
+    std::pair<Break, char const *> const cases[] = {
+        {[](Building & b, TimelineTrack & t)
+         { t.sequence()->addStructuralComponent(1, &b.make<TimecodeComponent>(Keys::timecodeComponent())); },
          "clip != 0: The sequence contains a Structural Component that is not a Source Clip."},
-        {[](Building &, TimelineTrack & track) { track.editRate(nullptr); },
+        {[](Building &, TimelineTrack & t) { t.editRate(nullptr); },
          "track_ -> editRate () != 0: Track has no edit rate"},
-        {[&](Building &, TimelineTrack & track) { track.editRate(&noRate); },
+        {[](Building &, TimelineTrack & t) { t.editRate(&NO_RATE); },
          "originalEditRate.numerator () != 0: Track edit rate is 0"},
-        {[](Building &, TimelineTrack & track) { track.sequence()->dataDefinition(nullptr); },
+        {[](Building &, TimelineTrack & t) { t.sequence()->dataDefinition(nullptr); },
          "definition != 0: Sequence has no Data Definition"},
-        {[](Building &, TimelineTrack & track) { track.sequence(nullptr); }, "seq != 0: Track has no sequence"},
+        {[](Building & b, TimelineTrack & t) { b.sources[0]->removeTrack(0), t.sequence()->dataDefinition(nullptr); },
+         "sequence_ -> dataDefinition () != 0: Sequence has no data definition"},
+        {[](Building &, TimelineTrack & t) { t.sequence(nullptr); }, "seq != 0: Track has no sequence"},
+        {[](Building & b, TimelineTrack & t) { b.sources[0]->removeTrack(0), t.sequence(nullptr); },
+         "sequence_ != 0: Track has no sequence"},
         {[](Building & b, TimelineTrack &)
          { b.metadata.removeMetadataSet(Types::UUID(*b.addSource("p").track(0u)->instanceUID())); },
          "track != 0: Track is null"},
-        {[](Building & b, TimelineTrack & track)
-         {
-             removeFromPackage(b);
-             track.sequence()->dataDefinition(nullptr);
-         },
-         "sequence_ -> dataDefinition () != 0: Sequence has no data definition"},
-        {[](Building & b, TimelineTrack & track)
-         {
-             removeFromPackage(b);
-             track.sequence(nullptr);
-         },
-         "sequence_ != 0: Track has no sequence"},
         {[](Building & b, TimelineTrack &)
          { dynamic_cast<FileDescriptor &>(*b.sources[0]->descriptor()).essenceContainer(nullptr); },
          "ul != 0: FileDescriptor doesn't have a EssenceContainer UL"},

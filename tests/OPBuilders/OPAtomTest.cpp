@@ -14,7 +14,7 @@ using namespace Metadata::Structural;
 
 struct Building : BuiltMetadata<OPAtomBuilder>
 {
-    Building() : BuiltMetadata(sharedLenientDictionary()) {}
+    Building() : BuiltMetadata(sharedLenientDictionary(), nullptr) {}
 };
 
 Bytes labelOf(OPAtomBuilder const & builder)

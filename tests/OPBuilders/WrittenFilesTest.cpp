@@ -145,7 +145,7 @@ class File
 public:
     template <class... Flags>
     explicit File(Plan const & plan, Flags... flags) :
-        built(HeaderMetadata::dictionary(), flags...), plan_(plan), source_(container())
+        built(HeaderMetadata::dictionary(), nullptr, flags...), plan_(plan), source_(container())
     {
         built.builder.createMaterialPackage(Utils::TimeCode(25), 25)->addSourcePackage(0, source_->sourcePackage());
         built.builder.update();

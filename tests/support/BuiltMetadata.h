@@ -40,9 +40,10 @@ template <class Builder>
 struct BuiltMetadata
 {
     template <class... Flags>
-    explicit BuiltMetadata(StructuralMetadata::Dictionary const & dictionary, Flags... flags) :
+    BuiltMetadata(StructuralMetadata::Dictionary const & dictionary, Types::ProductVersion const * version,
+                  Flags... flags) :
         builder(dictionary, Platform::wide(u"Company"), Platform::wide(u"Product"), Platform::wide(u"1.0"),
-                sample<Types::UUID>(), nullptr, nullptr, flags...),
+                sample<Types::UUID>(), version, nullptr, flags...),
         metadata(*builder.metadata()),
         preface(Metadata::Structural::findPreface(metadata)),
         storage(*preface.contentStorage())
