@@ -11,7 +11,7 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
+#include <random>
 #include <sstream>
 
 namespace Vantry { namespace MXFIO { namespace {
@@ -23,6 +23,43 @@ using Faults = std::vector<std::string>;
 
 using Seconds = Templates::Rational<Int64>;
 
+// "units=4 rip=0": seconds are fifths.
+void set(Creator & creator, std::string const & settings)
+{
+    static std::map<std::string, void (PullCreator::*)(bool)> const FLAGS = {
+        {"rip", &Creator::writeRIP},
+        {"run-in-aligned", &Creator::runInKagAligned},
+        {"footer-metadata", &Creator::footerHasMetadata},
+        {"header-essence", &Creator::headerPartitionHasEssence},
+        {"header-index", &Creator::useFirstContainerForIndexTableGenerationOnHeader},
+        {"index-apart", &Creator::createSeparatePartitionsForIndex},
+    };
+    static std::map<std::string, void (PullCreator::*)(unsigned int)> const NUMBERS = {
+        {"units", &Creator::masterEditUnitsPerPartition},
+        {"metadata", &Creator::metadataRepetitionPeriod},
+        {"grid", &Creator::nonEssenceKAGSize},
+        {"footer-grid", &Creator::footerKagAlignSize},
+    };
+    static std::map<std::string, void (PullCreator::*)(Seconds const &)> const SECONDS = {
+        {"seconds", &Creator::masterSecondsPerPartition},
+        {"turn", &Creator::partitionMultiplexPeriod},
+    };
+    std::istringstream words(settings);
+    for (std::string word; words >> word;)
+    {
+        std::string const name = word.substr(0, word.find('='));
+        unsigned int const value = static_cast<unsigned int>(std::stoi(word.substr(name.size() + 1)));
+        if (FLAGS.count(name) != 0)
+            (creator.*FLAGS.at(name))(value != 0);
+        else if (NUMBERS.count(name) != 0)
+            (creator.*NUMBERS.at(name))(value);
+        else if (name == "order")
+            creator.serializationOrder(static_cast<PullCreator::SerializationOrder>(value));
+        else
+            (creator.*SECONDS.at(name))(Seconds(value, 5));
+    }
+}
+
 // What a file is made of and how.
 struct FilePlan
 {
@@ -32,8 +69,7 @@ struct FilePlan
     UInt64 spareSpace = 0;
     UInt64 runInSize = 0;
     unsigned int goodWrites = ~0u;
-    std::function<void(Creator &)> set = [](Creator &) {
-    };
+    std::string settings = {};
 };
 
 struct FileOf
@@ -52,7 +88,7 @@ public:
     explicit Making(FilePlan const & plan = FilePlan()) :
         file(plan.runInSize, plan.goodWrites), creator(new Creator(header.shared(), file, plan.spareSpace, 0))
     {
-        plan.set(*creator);
+        set(*creator, plan.settings);
         for (EssencePlan const & source : plan.sources)
             add(std::make_shared<EssencePlan>(source), plan);
     }
@@ -121,38 +157,6 @@ std::vector<EssencePlan> sourcesOf(std::string const & text)
     return plans;
 }
 
-// "units=4 rip=0": seconds are fifths.
-void set(Creator & creator, std::string const & settings)
-{
-    static std::map<std::string, void (PullCreator::*)(bool)> const FLAGS = {
-        {"rip", &Creator::writeRIP},
-        {"footer-metadata", &Creator::footerHasMetadata},
-        {"header-essence", &Creator::headerPartitionHasEssence},
-        {"header-index", &Creator::useFirstContainerForIndexTableGenerationOnHeader},
-        {"index-apart", &Creator::createSeparatePartitionsForIndex},
-    };
-    static std::map<std::string, void (PullCreator::*)(unsigned int)> const NUMBERS = {
-        {"units", &Creator::masterEditUnitsPerPartition},
-        {"metadata", &Creator::metadataRepetitionPeriod},
-    };
-    static std::map<std::string, void (PullCreator::*)(Seconds const &)> const SECONDS = {
-        {"seconds", &Creator::masterSecondsPerPartition},
-        {"turn", &Creator::partitionMultiplexPeriod},
-    };
-    std::istringstream words(settings);
-    for (std::string word; words >> word;)
-    {
-        std::string const name = word.substr(0, word.find('='));
-        unsigned int const value = static_cast<unsigned int>(std::stoi(word.substr(name.size() + 1)));
-        if (FLAGS.count(name) != 0)
-            (creator.*FLAGS.at(name))(value != 0);
-        else if (NUMBERS.count(name) != 0)
-            (creator.*NUMBERS.at(name))(value);
-        else
-            (creator.*SECONDS.at(name))(Seconds(value, 5));
-    }
-}
-
 TEST(Creator, OrdersThePartitions)
 {
     struct Case
@@ -194,77 +198,42 @@ TEST(Creator, OrdersThePartitions)
     {
         SCOPED_TRACE(std::string(c.sources) + " " + c.settings);
         FilePlan plan{sourcesOf(c.sources), c.duringEssence, c.afterEssence};
-        plan.set = [&](Creator & creator)
-        {
-            set(creator, c.settings);
-        };
+        plan.settings = c.settings;
         EXPECT_EQ(layoutOf(FileOf(Making(plan).write()).file), c.layout);
     }
 }
 
 // Of many settings one for each number, so that all meet each other.
-class Choice
-{
-public:
-    explicit Choice(unsigned int number) : rest_(number * 2654435761u) {}
-
-    unsigned int of(unsigned int howMany)
-    {
-        rest_ = rest_ * 1664525u + 1013904223u;
-        return (rest_ >> 16) % howMany;
-    }
-
-private:
-    unsigned int rest_;
-};
-
-EssencePlan essencePlan(Choice & choice)
-{
-    EssencePlan plan;
-    plan.units = 1 + choice.of(23);
-    plan.growing = choice.of(2) != 0;
-    plan.kagSize = choice.of(2) != 0 ? 256 : 1;
-    plan.isClip = choice.of(4) == 0;
-    plan.isStream = choice.of(4) == 0;
-    plan.patched = choice.of(2) != 0;
-    plan.emptyAnswers = choice.of(2);
-    return plan;
-}
-
 FilePlan filePlan(unsigned int number)
 {
-    Choice choice(number);
-    FilePlan plan;
-    plan.sources.clear();
-    for (unsigned int i = choice.of(4); i > 0; --i)
-        plan.sources.push_back(essencePlan(choice));
-    plan.duringEssence = static_cast<IndexTableGeneration>(choice.of(4));
-    plan.afterEssence = static_cast<IndexTableGeneration>(1 + choice.of(3));
-    plan.spareSpace = choice.of(2) * 5000;
-    plan.runInSize = choice.of(2) * 100;
-
-    unsigned int const repetition = choice.of(4);
-    unsigned int const units = choice.of(2) * 4;
-    Seconds const seconds(choice.of(3), 10);
-    Seconds const turn(choice.of(3), 8);
-    unsigned int const kagSize = choice.of(2) != 0 ? 512 : 1;
-    unsigned int const flags = choice.of(32);
-    auto const order = static_cast<PullCreator::SerializationOrder>(choice.of(3));
-    plan.set = [=](Creator & creator)
+    std::minstd_rand numbers(number + 1);
+    auto const choice = [&](unsigned int howMany)
     {
-        creator.metadataRepetitionPeriod(repetition);
-        creator.masterEditUnitsPerPartition(units);
-        creator.masterSecondsPerPartition(seconds);
-        creator.partitionMultiplexPeriod(turn);
-        creator.nonEssenceKAGSize(kagSize);
-        creator.footerKagAlignSize(64);
-        creator.headerPartitionHasEssence((flags & 1) != 0);
-        creator.createSeparatePartitionsForIndex((flags & 2) != 0);
-        creator.useFirstContainerForIndexTableGenerationOnHeader((flags & 4) != 0);
-        creator.runInKagAligned((flags & 8) != 0);
-        creator.footerHasMetadata((flags & 16) != 0);
-        creator.serializationOrder(order);
+        return static_cast<unsigned int>(numbers() >> 8) % howMany;
     };
+
+    FilePlan plan;
+    plan.sources.resize(choice(4));
+    for (EssencePlan & source : plan.sources)
+    {
+        source.units = 1 + choice(23);
+        source.growing = choice(2) != 0;
+        source.kagSize = choice(2) * 256;
+        source.isClip = choice(4) == 0;
+        source.isStream = choice(4) == 0;
+        source.patched = choice(2) != 0;
+        source.emptyAnswers = choice(2);
+    }
+    plan.duringEssence = static_cast<IndexTableGeneration>(choice(4));
+    plan.afterEssence = static_cast<IndexTableGeneration>(1 + choice(3));
+    plan.spareSpace = choice(2) * 5000;
+    plan.runInSize = choice(2) * 100;
+    for (char const * name : {"run-in-aligned", "footer-metadata", "header-essence", "header-index", "index-apart"})
+        plan.settings += std::string(name) + "=" + std::to_string(choice(2)) + " ";
+    for (char const * name : {"metadata", "seconds", "turn", "order"})
+        plan.settings += std::string(name) + "=" + std::to_string(choice(3)) + " ";
+    plan.settings += "units=" + std::to_string(choice(2) * 4) + " grid=" + std::to_string(choice(2) * 512);
+    plan.settings += " footer-grid=64";
     return plan;
 }
 
@@ -333,10 +302,7 @@ TEST(Creator, WrittenFileSeesWhatIsWrong)
 {
     FilePlan plan{sourcesOf("10v"), INDEX_FOLLOWING, INDEX_FOLLOWING};
     plan.sources.front().kagSize = 256;
-    plan.set = [](Creator & creator)
-    {
-        set(creator, "units=4");
-    };
+    plan.settings = "units=4";
     Making making(plan);
     making.write();
     Bytes const bytes = making.finish();
@@ -419,10 +385,7 @@ TEST(Creator, GoesOnBehindAFailureOfASource)
 TEST(Creator, LeavesNothingBehindWhenTheSinkFails)
 {
     FilePlan plan{sourcesOf("10v 6s"), INDEX_FOLLOWING, INDEX_FOLLOWING};
-    plan.set = [](Creator & creator)
-    {
-        set(creator, "units=4 turn=1");
-    };
+    plan.settings = "units=4 turn=1";
     bool failed = true;
     for (plan.goodWrites = 0; failed; ++plan.goodWrites)
     {
@@ -446,10 +409,7 @@ TEST(Creator, LeavesNothingBehindWhenTheSinkFails)
 TEST(Creator, EveryPrefixOpens)
 {
     FilePlan plan{sourcesOf("10v 6s"), INDEX_FOLLOWING, INDEX_FOLLOWING};
-    plan.set = [](Creator & creator)
-    {
-        set(creator, "units=4 turn=1");
-    };
+    plan.settings = "units=4 turn=1";
     Making making(plan);
     Bytes const bytes = making.write();
     FileOf const written(bytes);
