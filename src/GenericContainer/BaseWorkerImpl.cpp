@@ -261,13 +261,13 @@ Int32 BaseWorkerImpl::getItemSize(EssenceAnalyzer const & analyzer) const
     return kindByClass(analyzer, kind) ? std::max(data_.itemSizes[kind], 0) : 0;
 }
 
-// An element of constant size by fill alone starts a slice where fill has a
-// place in the index: that place varies.
+// An element of constant size by fill alone starts a slice where this fill has
+// a place in the index: that place varies.
 bool BaseWorkerImpl::startsSlice(AnalyzerEntry const & entry) const
 {
     if (entry.entryByteCount == 0)
         return true;
-    return !entry.padToItem && generator_.get() != nullptr &&
+    return entry.filled && !entry.padToItem && generator_.get() != nullptr &&
            generator_->indexSegmentType() == MXFIO::INDEX_VARIABLE_WITH_FILL && !entry.analyzer->isCBE();
 }
 

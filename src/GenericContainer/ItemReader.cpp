@@ -20,13 +20,12 @@ Templates::Rational<Int64> widened(Templates::Rational<int> const & value)
     return {value.numerator(), value.denominator()};
 }
 
-// A provider finds the duration set, and doesn't change it.
+// A provider finds the duration set, and may say that it gave another one.
 void giveNullEssence(EssenceAnalyzer & analyzer, Templates::Rational<int> const & duration, EditUnit & unit)
 {
     unit.duration = duration;
     if (auto * const provider = dynamic_cast<NullEssenceProvider *>(&analyzer))
         provider->fillNullEssence(unit);
-    unit.duration = duration;
     unit.valid = true;
 }
 
@@ -86,8 +85,10 @@ void ItemReader::fetch(AnalyzerEntry & entry, EditUnit & unit, Templates::Ration
         return giveNullEssence(analyzer, std::min(delay, packageDuration_), unit);
 
     analyzer.nextEditUnit(unit);
-    if (!unit.valid && fillsUp_)
-        giveNullEssence(analyzer, packageDuration_, unit);
+    if (unit.valid || !fillsUp_)
+        return;
+    giveNullEssence(analyzer, packageDuration_, unit);
+    unit.duration = packageDuration_;
 }
 
 }}

@@ -190,8 +190,9 @@ void Mux::Impl::enterSystem()
     AnalyzerEntry entry;
     entry.analyzer = data().system_;
     entry.raw = true;
-    entry.filled = systemFill_;
-    entry.entryByteCount = entryByteCount(*data().system_, true, entry.filled);
+    // The index leaves its fill out, which it seeks behind a key and a length.
+    bool fill = systemFill_;
+    entry.entryByteCount = entryByteCount(*data().system_, true, fill);
     if (unitsPerPackage(*data().system_) > 1)
         needExtendedIndex(entry);
 

@@ -97,6 +97,7 @@ TEST(Mux, LaysOutContentPackagesAndTheirIndex)
         Build build;
         char const * expected;
         MXFIO::IndexTableSegmentType index = MXFIO::INDEX_AUTOMATIC;
+        bool fillIsIndexed = false;
     };
     Case const cases[] = {
         {"elements as they are",
@@ -120,7 +121,10 @@ TEST(Mux, LaysOutContentPackagesAndTheirIndex)
          "P0:44 S0:50 f58 | P0:44 S0:50 f58"},
         {"constant elements with their fill in the index",
          [](Container & c) { c.add<MemoryPictures>(same(2, 50)).add<MemorySound>(same(2, 50)).grid(64); },
-         "P0:50 f58 S0:50 f58 | P0:50 f58 S0:50 f58", MXFIO::INDEX_AUTOMATIC_WITH_FILL},
+         "P0:50 f58 S0:50 f58 | P0:50 f58 S0:50 f58", MXFIO::INDEX_AUTOMATIC_WITH_FILL, true},
+        {"a system item on a grid, whose fill the index leaves out",
+         [](Container & c) { c.system(2).add<MemoryPictures>(same(2, 108)).grid(128); },
+         "X:4 f104 P0:108 | X:4 f104 P0:108", MXFIO::INDEX_AUTOMATIC_WITH_FILL},
         {"variable elements filled to their bound",
          [](Container & c)
          {
@@ -129,6 +133,14 @@ TEST(Mux, LaysOutContentPackagesAndTheirIndex)
              c.add<MemoryPictures>(bounded, true).add<MemorySound>(same(2, 8));
          },
          "P0:30 f21 S0:8 | P0:31 f20 S0:8"},
+        {"the same ahead of variable ones, where it starts no slice",
+         [](Container & c)
+         {
+             MemoryEssence bounded = MemoryEssence::ofSizes({30, 31});
+             bounded.bound = 31;
+             c.add<MemoryPictures>(bounded, true).sound({8, 9}).data({5, 6});
+         },
+         "P0:30 f21 S0:8 D2:5 | P0:31 f20 S0:9 D2:6", MXFIO::INDEX_AUTOMATIC_WITH_FILL},
         {"items of a size",
          [](Container & c) {
              c.system(2).pictures({30, 31}).sound({8, 8}).sound({8, 8}).items(64, 200, 100);
@@ -158,7 +170,7 @@ TEST(Mux, LaysOutContentPackagesAndTheirIndex)
         wantIndex(*source, c.index);
         PulledContainer const pulled(*source);
         EXPECT_EQ(pulled.text(), c.expected);
-        expectIndexed(*source, pulled, c.index == MXFIO::INDEX_AUTOMATIC_WITH_FILL);
+        expectIndexed(*source, pulled, c.fillIsIndexed);
     }
 }
 
