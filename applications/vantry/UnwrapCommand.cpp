@@ -14,6 +14,7 @@
 #include "MXFIO/Reader2.h"
 #include "Options.h"
 #include "Output.h"
+#include "OutputFolder.h"
 #include "Packs/PartitionPack.h"
 #include "Progress.h"
 #include "SchemaInUse.h"
@@ -33,34 +34,6 @@ UInt64 const SEARCH_LIMIT = 65536;
 
 // The reader is for what lies outside of metadata.
 Templates::SharedPtr<MetaMetadata::Dictionary> const NO_DICTIONARY;
-
-/// The folder for the output. One that was made for it goes with the object if
-/// nothing is in it.
-class OutputFolder
-{
-public:
-    explicit OutputFolder(fs::path path) : path_(std::move(path)), isNew_(false)
-    {
-        std::error_code error;
-        isNew_ = fs::create_directories(path_, error);
-        if (error)
-            throw Failure(ExitStatus::FAILED, path_.string(), "can't be made: " + error.message());
-    }
-
-    OutputFolder(OutputFolder const &) = delete;
-    OutputFolder & operator=(OutputFolder const &) = delete;
-
-    ~OutputFolder()
-    {
-        std::error_code ignored;
-        if (isNew_)
-            fs::remove(path_, ignored);
-    }
-
-private:
-    fs::path path_;
-    bool isNew_;
-};
 
 std::vector<EssenceContainer> containersOf(MXFIO::Reader2 & reader, MXFIO::Partition const * partition,
                                            Schema::Tables const & tables)

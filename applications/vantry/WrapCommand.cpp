@@ -6,10 +6,12 @@
 #include "Interruption.h"
 #include "Options.h"
 #include "Output.h"
+#include "OutputFolder.h"
 #include "Progress.h"
 #include "Schema/Dictionaries.h"
 #include "SchemaInUse.h"
 #include "Utils/Test/DeterministicScope.h"
+#include "WrappedAtoms.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -25,9 +27,6 @@ namespace {
 
 Rate const USUAL_RATE = 25;
 UInt64 const LARGEST_KAG_SIZE = 1 << 20;
-
-// Number of a file's first track behind the time code.
-unsigned int const FIRST_TRACK = 2;
 
 std::string textOf(Rate const & rate)
 {
@@ -51,10 +50,12 @@ nlohmann::ordered_json jsonOf(WrappedFile const & file)
     json["edit_units"] = file.editUnits();
     json["bytes"] = file.size();
     json["tracks"] = nlohmann::ordered_json::array();
-    unsigned int track = FIRST_TRACK;
-    for (auto const & input : file.inputs())
+    for (std::size_t i = 0; i < file.inputs().size(); ++i)
+    {
+        WrapInput const & input = *file.inputs()[i];
         json["tracks"].push_back(
-            {{"track", track++}, {"kind", input->kind()}, {"input", input->file()}, {"cut", input->isLeft()}});
+            {{"track", file.trackID(i)}, {"kind", input.kind()}, {"input", input.file()}, {"cut", input.isLeft()}});
+    }
     return json;
 }
 
@@ -77,9 +78,10 @@ char const * WrapCommand::jsonForm() const
 
 void WrapCommand::declareOptions(Options & options)
 {
-    options.files(inputs_, "INPUT", "Wave files and streams of MPEG-2 video, recognised by their content");
-    options.requiredText("-o,--output", output_, "FILE", "The file to make");
-    options.text("--pattern", pattern_, "op1a", "The operational pattern");
+    options.files(inputs_, "INPUT", "Wave files, streams of MPEG-2 video and folders of JPEG 2000 codestreams");
+    options.requiredText("-o,--output", output_, "FILE", "The file to make; of several in opatom, the folder for them");
+    options.text("--pattern", pattern_, "op1a|opatom",
+                 "Make one file of all (default), or a file of each with a clip, which belong together");
     options.text("--wrapping", wrapping_, "frame|clip", "Wrap frame by frame (default), or one input as a clip");
     options.text("--edit-rate", editRate_, "N/D", "Edit units per second; by default the pictures', else 25/1");
     options.text("--timecode", timeCode_, "HH:MM:SS:FF", "The first time code; with ; ahead of FF for drop frame");
@@ -101,6 +103,9 @@ void WrapCommand::run(CommonOptions const & common, Output & output)
         deterministic.emplace();
 
     Interruption const interruption;
+    std::optional<OutputFolder> folder;
+    if (makesFolder(settings))
+        folder.emplace(output_);
     Files const files = makeFiles(settings, common);
     write(files, common.quiet);
     for (auto const & file : files)
@@ -124,11 +129,14 @@ void WrapCommand::wrongUsage(std::string const & problem) const
 WrapSettings WrapCommand::settings() const
 {
     WrapSettings settings;
-    if (pattern_ != "op1a")
-        wrongUsage("--pattern is op1a, not " + pattern_);
+    if (pattern_ != "op1a" && pattern_ != "opatom")
+        wrongUsage("--pattern is op1a or opatom, not " + pattern_);
     if (!wrapping_.empty() && wrapping_ != "frame" && wrapping_ != "clip")
         wrongUsage("--wrapping is frame or clip, not " + wrapping_);
-    settings.isClip = wrapping_ == "clip";
+    settings.isAtom = pattern_ == "opatom";
+    settings.isClip = wrapping_ == "clip" || settings.isAtom;
+    if (settings.isAtom && wrapping_ == "frame")
+        wrongUsage("--pattern opatom takes clips, not frames");
 
     if (!editRate_.empty() && !(settings.editRate = editRateOf(editRate_)))
         wrongUsage("--edit-rate " + editRate_ + " is no rate such as 25/1");
@@ -164,7 +172,7 @@ WrapSettings WrapCommand::checked(WrapSettings const & settings) const
 {
     if (settings.isClip && settings.editUnitsPerPartition != 0)
         wrongUsage("--partition-every doesn't go with a clip, which stays whole");
-    if (settings.isClip && inputs_.size() != 1)
+    if (settings.isClip && !settings.isAtom && inputs_.size() != 1)
         wrongUsage(fmt::format("--wrapping clip takes one input, these are {}", inputs_.size()));
     return settings;
 }
@@ -174,7 +182,8 @@ WrappedFile::Inputs WrapCommand::openInputs(WrapSettings const & settings) const
     std::vector<InputKind> kinds;
     for (std::string const & file : inputs_)
         kinds.push_back(recogniseInput(file));
-    bool const hasPictures = std::find(kinds.begin(), kinds.end(), InputKind::MPEG2_VIDEO) != kinds.end();
+    bool const hasPictures =
+        std::any_of(kinds.begin(), kinds.end(), [](InputKind kind) { return kind != InputKind::WAVE; });
     TakenAs const frames = hasPictures ? TakenAs::FRAMES_BESIDE_PICTURES : TakenAs::FRAMES;
 
     WrappedFile::Inputs inputs;
@@ -199,7 +208,7 @@ Rate WrapCommand::rateOf(WrapSettings const & settings, WrappedFile::Inputs cons
         rate = own ? own : rate;
 
         bool const isPredicted = input->analyzer()->containsTemporalDependencies();
-        if (isPredicted && hasPredicted)
+        if (isPredicted && hasPredicted && !settings.isAtom)
             wrongUsage("a file takes one input with predicted pictures, and " + input->file() + " is another");
         hasPredicted = hasPredicted || isPredicted;
     }
@@ -230,11 +239,49 @@ WrapCommand::Files WrapCommand::makeFiles(WrapSettings const & settings, CommonO
     checkTimeCode(settings, rate);
 
     Files files;
-    files.push_back(std::make_unique<WrappedFile>(settings, dictionary, rate, std::move(inputs), output_, force_));
+    if (!makesFolder(settings))
+    {
+        files.push_back(std::make_unique<WrappedFile>(settings, dictionary, rate, std::move(inputs), output_, force_));
+        return files;
+    }
+    for (std::unique_ptr<WrapInput> & input : inputs)
+    {
+        fs::path const target = targetOf(input->file(), files);
+        WrappedFile::Inputs one;
+        one.push_back(std::move(input));
+        files.push_back(std::make_unique<WrappedFile>(settings, dictionary, rate, std::move(one), target, force_));
+    }
     return files;
 }
 
+// The input's name, with a number where several have it.
+fs::path WrapCommand::targetOf(std::string const & input, Files const & files) const
+{
+    fs::path const path = fs::path(input).has_filename() ? fs::path(input) : fs::path(input).parent_path();
+    std::string const stem = path.stem().string();
+    fs::path target = fs::path(output_) / (stem + ".mxf");
+    auto const isTaken = [&](auto const & file)
+    {
+        return file->target() == target;
+    };
+    for (int i = 2; std::any_of(files.begin(), files.end(), isTaken); ++i)
+        target = fs::path(output_) / fmt::format("{}_{}.mxf", stem, i);
+    return target;
+}
+
 void WrapCommand::write(Files const & files, bool quiet) const
+{
+    WrappedAtoms const atoms(files);
+    for (auto const & file : files)
+        file->start();
+    atoms.aggregate();
+    writeEssence(files, quiet);
+    atoms.shareDurations();
+    for (auto const & file : files)
+        file->finish();
+}
+
+void WrapCommand::writeEssence(Files const & files, bool quiet) const
 {
     UInt64 total = 0;
     for (auto const & file : files)
@@ -245,7 +292,6 @@ void WrapCommand::write(Files const & files, bool quiet) const
     UInt64 done = 0;
     for (auto const & file : files)
     {
-        file->start();
         while (file->writeUnit())
         {
             if (Interruption::isWanted())
@@ -254,8 +300,6 @@ void WrapCommand::write(Files const & files, bool quiet) const
         }
         done += file->size();
     }
-    for (auto const & file : files)
-        file->finish();
 }
 
 }}

@@ -31,7 +31,10 @@ private:
     Templates::Rational<int> rateOf(WrapSettings const & settings, WrappedFile::Inputs const & inputs) const;
     void checkTimeCode(WrapSettings const & settings, Templates::Rational<int> const & rate) const;
     Files makeFiles(WrapSettings const & settings, CommonOptions const & common) const;
+    std::filesystem::path targetOf(std::string const & input, Files const & files) const;
+    bool makesFolder(WrapSettings const & settings) const { return settings.isAtom && inputs_.size() > 1; }
     void write(Files const & files, bool quiet) const;
+    void writeEssence(Files const & files, bool quiet) const;
 
     std::vector<std::string> inputs_;
     std::string output_;

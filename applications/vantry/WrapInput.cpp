@@ -1,5 +1,6 @@
 #include "WrapInput.h"
 
+#include "Analyzers/JPEG2000Analyzer.h"
 #include "Analyzers/MPEG2VideoAnalyzer.h"
 #include "Analyzers/WaveAnalyzer.h"
 #include "DataIO/File/FileSliceSource.h"
@@ -18,6 +19,8 @@
 
 namespace Vantry { namespace Application {
 
+namespace fs = std::filesystem;
+using Analyzers::JPEG2000Analyzer;
 using Analyzers::MPEG2VideoAnalyzer;
 using Analyzers::WaveAnalyzer;
 using Labels = GenericContainer::RP224UniversalLabels;
@@ -31,6 +34,9 @@ UInt64 const HEAD_SIZE = 65536;
 UInt64 const SLICE_SIZE = 1 << 18;
 
 unsigned int const MOST_CHANNELS = 8;
+
+// Start of codestream, and the size marker that follows.
+char const * const CODESTREAM_START = "\xFF\x4F\xFF\x51";
 
 // The length field of an element has three bytes for the number in frame
 // wrapping.
@@ -74,7 +80,8 @@ template <class Base>
 class OfFile : public Base
 {
 public:
-    OfFile(std::string file, Templates::SharedPtr<DataIO::SliceSource> source, Labels::WrapKind wrapKind) :
+    template <class From>
+    OfFile(std::string file, From source, Labels::WrapKind wrapKind) :
         Base(std::move(source), wrapKind), file_(std::move(file)), isFrame_(wrapKind == Labels::FRAME), editUnits_(0)
     {
     }
@@ -134,13 +141,31 @@ public:
     }
 };
 
+/// The pictures in a folder, if there are any.
+std::vector<std::string> picturesIn(std::string const & folder)
+{
+    std::vector<std::string> files = JPEG2000Analyzer::filesIn(folder);
+    if (files.empty() || !hasAt(headOf(files.front()), 0, CODESTREAM_START))
+        refuse(folder, "is a folder that doesn't begin with a JPEG 2000 codestream");
+    return files;
+}
+
+Templates::SharedPtr<DataIO::SliceSource> sourceOf(std::string const & file)
+{
+    return Templates::SharedPtr<DataIO::SliceSource>(
+        new DataIO::File::FileSliceSource(Platform::stringToWstring(file.c_str()).c_str(), SLICE_SIZE, SLICE_SIZE));
+}
+
 }
 
 InputKind recogniseInput(std::string const & file)
 {
     std::error_code ignored;
-    if (std::filesystem::is_directory(file, ignored))
-        refuse(file, "is a folder, and folders of pictures aren't taken yet");
+    if (fs::is_directory(file, ignored))
+    {
+        picturesIn(file);
+        return InputKind::JPEG_2000;
+    }
 
     std::string const head = headOf(file);
     if (isRIFF(head, "WAVE"))
@@ -150,41 +175,64 @@ InputKind recogniseInput(std::string const & file)
     refuse(file, "is neither a wave file nor a stream of MPEG-2 video");
 }
 
-WrapInput::WrapInput(std::string file, InputKind kind, TakenAs takenAs) :
-    file_(std::move(file)), kind_(kind), size_(std::filesystem::file_size(file_))
+WrapInput::WrapInput(std::string file, InputKind kind, TakenAs takenAs) : file_(std::move(file)), kind_(kind), size_(0)
 {
-    Templates::SharedPtr<DataIO::SliceSource> const source(
-        new DataIO::File::FileSliceSource(Platform::stringToWstring(file_.c_str()).c_str(), SLICE_SIZE, SLICE_SIZE));
-    Labels::WrapKind const wrapKind = takenAs == TakenAs::CLIP ? Labels::CLIP : Labels::FRAME;
-    if (kind_ == InputKind::MPEG2_VIDEO)
-        analyzer_ = Analyzer(new OfFile<MPEG2VideoAnalyzer>(file_, source, wrapKind));
-    else if (takenAs == TakenAs::FRAMES_BESIDE_PICTURES)
-        analyzer_ = Analyzer(new EndlessWave(file_, source, wrapKind));
+    if (isPicture())
+        openPictures(takenAs == TakenAs::CLIP);
     else
-        analyzer_ = Analyzer(new OfFile<WaveAnalyzer>(file_, source, wrapKind));
+        openSound(takenAs);
+}
 
+void WrapInput::openPictures(bool isClip)
+{
+    Labels::WrapKind const wrapKind = isClip ? Labels::CLIP : Labels::FRAME;
+    if (kind_ == InputKind::JPEG_2000)
+    {
+        std::vector<std::string> const files = picturesIn(file_);
+        for (std::string const & picture : files)
+            size_ += fs::file_size(picture);
+        analyzer_ = Analyzer(new OfFile<JPEG2000Analyzer>(file_, files, wrapKind));
+    }
+    else
+    {
+        size_ = fs::file_size(file_);
+        analyzer_ = Analyzer(new OfFile<MPEG2VideoAnalyzer>(file_, sourceOf(file_), wrapKind));
+    }
     if (!analyzer_->preload())
-        refuse(file_, "holds no essence");
+        refuse(file_, "holds no pictures");
     isLeft_ = [analyzer = analyzer_.get()]
     {
         return !analyzer->done();
     };
-    if (auto * const wave = dynamic_cast<WaveAnalyzer *>(analyzer_.get()))
+}
+
+void WrapInput::openSound(TakenAs takenAs)
+{
+    Labels::WrapKind const wrapKind = takenAs == TakenAs::CLIP ? Labels::CLIP : Labels::FRAME;
+    size_ = fs::file_size(file_);
+    std::unique_ptr<WaveAnalyzer> opened;
+    if (takenAs == TakenAs::FRAMES_BESIDE_PICTURES)
+        opened = std::make_unique<EndlessWave>(file_, sourceOf(file_), wrapKind);
+    else
+        opened = std::make_unique<OfFile<WaveAnalyzer>>(file_, sourceOf(file_), wrapKind);
+
+    WaveAnalyzer * const wave = opened.get();
+    analyzer_ = Analyzer(opened.release());
+    if (!wave->preload())
+        refuse(file_, "holds no sound");
+    if (wave->channelsInStream() > MOST_CHANNELS)
+        refuse(file_,
+               fmt::format("has {} channels, and a track takes {} at most", wave->channelsInStream(), MOST_CHANNELS));
+    wave->fillLastEditUnit(true); // an index counts in whole ones
+    isLeft_ = [wave]
     {
-        if (wave->channelsInStream() > MOST_CHANNELS)
-            refuse(file_, fmt::format("has {} channels, and a track takes {} at most", wave->channelsInStream(),
-                                      MOST_CHANNELS));
-        wave->fillLastEditUnit(true); // an index counts in whole ones
-        isLeft_ = [wave]
-        {
-            return !wave->WaveAnalyzer::done();
-        };
-    }
+        return !wave->WaveAnalyzer::done();
+    };
 }
 
 std::optional<Templates::Rational<int>> WrapInput::rate() const
 {
-    if (!isPicture())
+    if (kind_ != InputKind::MPEG2_VIDEO)
         return std::nullopt;
     return analyzer_->editRate();
 }

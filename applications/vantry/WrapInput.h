@@ -15,10 +15,11 @@ namespace Vantry { namespace Application {
 enum class InputKind
 {
     WAVE,
-    MPEG2_VIDEO
+    MPEG2_VIDEO,
+    JPEG_2000 ///< a folder with a codestream for each picture
 };
 
-/// Tells by the content of a file what it is.
+/// Tells by the content of a file or folder what it is.
 ///
 /// \throws Failure when it can't be read or is nothing of these.
 InputKind recogniseInput(std::string const & file);
@@ -49,14 +50,14 @@ public:
     WrapInput(std::string file, InputKind kind, TakenAs takenAs);
 
     std::string const & file() const { return file_; }
-    bool isPicture() const { return kind_ == InputKind::MPEG2_VIDEO; }
+    bool isPicture() const { return kind_ != InputKind::WAVE; }
 
     /// "picture" or "sound"
     char const * kind() const { return isPicture() ? "picture" : "sound"; }
 
     Analyzer const & analyzer() const { return analyzer_; }
 
-    /// Edit units per second of pictures, which they bring.
+    /// Edit units per second where the essence brings them.
     std::optional<Templates::Rational<int>> rate() const;
 
     /// Whether there is essence that wasn't taken.
@@ -66,6 +67,9 @@ public:
     UInt64 size() const { return size_; }
 
 private:
+    void openPictures(bool isClip);
+    void openSound(TakenAs takenAs);
+
     std::string file_;
     InputKind kind_;
     UInt64 size_;

@@ -8,6 +8,7 @@
 #include "Metadata/Structural/SourcePackage.h"
 #include "Metadata/Structural/TimelineTrack.h"
 #include "Types/Length.h"
+#include "Types/UInt32.h"
 #include "Types/UniversalLabel.h"
 #include "WrappedPackages.h"
 
@@ -73,7 +74,8 @@ WrappedFile::WrappedFile(WrapSettings const & settings, PatternBuilder::Dictiona
     date_(dateOfNow(settings.isDeterministic)),
     builder_(makeBuilder(settings, dictionary, date_)),
     material_(nullptr),
-    source_(nullptr)
+    source_(nullptr),
+    place_(0)
 {
 }
 
@@ -90,6 +92,7 @@ void WrappedFile::start()
     source_ = &container->sourcePackage();
     setDates(*source_, date_);
     setStartTimeCode(*source_, start);
+    numberTimeCodeTrack(*source_);
 
     material_ = &builder_->createMaterialPackage(start, rate_);
     material_->addSourcePackage(0, *source_);
@@ -188,8 +191,13 @@ void WrappedFile::finish()
 
 UInt64 WrappedFile::editUnits() const
 {
-    Types::Length const * const duration = source_->track(0u)->sequence()->duration();
+    Types::Length const * const duration = essenceTrack(*source_).sequence()->duration();
     return static_cast<UInt64>(duration != nullptr ? std::max<Int64>(duration->value(), 0) : 0);
+}
+
+unsigned int WrappedFile::trackID(std::size_t input) const
+{
+    return materialPackage().track(static_cast<unsigned int>(place_ + input + 1))->trackID()->value();
 }
 
 }}

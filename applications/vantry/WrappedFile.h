@@ -43,12 +43,20 @@ public:
 
     Inputs const & inputs() const { return inputs_; }
     PatternBuilder & builder() { return *builder_; }
-    Metadata::Structural::MaterialPackage & materialPackage() { return material_->materialPackage(); }
+    Metadata::Structural::MaterialPackage & materialPackage() const { return material_->materialPackage(); }
     Metadata::Structural::SourcePackage & sourcePackage() { return *source_; }
 
     std::filesystem::path const & target() const { return delivery_.target(); }
     UInt64 size() const { return sink_.size(); }
     UInt64 editUnits() const;
+
+    /// The place of the first input's track behind the time code track of the
+    /// material package.
+    unsigned int place() const { return place_; }
+    void place(unsigned int place) { place_ = place; }
+
+    /// The number that the track of an input has.
+    unsigned int trackID(std::size_t input) const;
 
 private:
     Templates::auto_ptr<GenericContainer::Source> makeContainer();
@@ -67,6 +75,7 @@ private:
     OPBuilders::MaterialPackageProxy * material_;
     Metadata::Structural::SourcePackage * source_;
     std::unique_ptr<MXFIO::Creator> creator_;
+    unsigned int place_;
 };
 
 }}

@@ -79,15 +79,25 @@ void numberTracks(MaterialPackage & package)
     }
 }
 
+TimelineTrack & essenceTrack(SourcePackage const & package)
+{
+    Templates::list<TimelineTrack *> tracks;
+    getAllEssenceTracks(package, tracks);
+    return *tracks.front();
+}
+
+void numberTimeCodeTrack(SourcePackage & package)
+{
+    if (TimelineTrack * const track = getTimecodeTrack(package))
+        track->trackID(&TIMECODE_TRACK_ID);
+}
+
 void setStartTimeCode(SourcePackage & package, Utils::TimeCode const & start)
 {
     TimelineTrack * const track = getTimecodeTrack(package);
-    if (track == nullptr)
+    if (track == nullptr || track->sequence()->structuralComponentsCount() == 0)
         return;
 
-    track->trackID(&TIMECODE_TRACK_ID);
-    if (track->sequence()->structuralComponentsCount() == 0)
-        return;
     auto & component = dynamic_cast<TimecodeComponent &>(*track->sequence()->structuralComponent(0));
     Types::UInt16 const base(start.frameRate());
     Types::Position const position(static_cast<Int64>(start.toFrameCounter()));

@@ -24,8 +24,13 @@ void setName(Metadata::Structural::GenericPackage & package, std::string const &
 /// readers that take a number of 0 for none.
 void numberTracks(Metadata::Structural::MaterialPackage & package);
 
-/// Sets the start of the time code track, if there is one, and gives it the
-/// number 1.
+/// The first track with essence.
+Metadata::Structural::TimelineTrack & essenceTrack(Metadata::Structural::SourcePackage const & package);
+
+/// Gives the time code track, if there is one, the number 1.
+void numberTimeCodeTrack(Metadata::Structural::SourcePackage & package);
+
+/// Sets the start of the time code track, if there is one.
 void setStartTimeCode(Metadata::Structural::SourcePackage & package, Utils::TimeCode const & start);
 
 }
