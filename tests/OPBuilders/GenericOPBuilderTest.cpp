@@ -133,15 +133,15 @@ TEST(GenericOPBuilder, UpdateTakesInWhatSourcesHaveBecome)
     Building building({"tps"}, -1);
     MaterialPackageProxy & package = *building.builder.createMaterialPackage(Utils::TimeCode(25), 25);
     EXPECT_EQ(package.addSourcePackage(0, *building.sources[0]).size(), 2u);
-    for (Int64 const length : {-1, 8, 9})
+    std::pair<Int64, char const *> const cases[] = {
+        {-1, "1:-1(0+-1) 2:-1(0+-1) 0:-1"}, {8, "1:8(0+8) 2:8(0+8) 0:8"}, {9, "1:9(0+9) 2:9(0+9) 0:9"}};
+    for (auto const & c : cases)
     {
-        Types::Length const duration(length);
+        Types::Length const duration(c.first);
         for (char const * track : {"A2", "A3"})
             building.track(track).sequence()->structuralComponent(0)->duration(&duration);
         building.builder.update();
-        std::string const text = std::to_string(length);
-        EXPECT_EQ(tracksOf(package.materialPackage()),
-                  "1:" + text + "(0+" + text + ") 2:" + text + "(0+" + text + ") 0:" + text);
+        EXPECT_EQ(tracksOf(package.materialPackage()), c.second);
     }
 
     auto const & clip =
