@@ -12,11 +12,11 @@ namespace Analyzers {
 /// Completes a descriptor by what the headers of a stream say.
 ///
 /// \param first  the first frame
-void describeVideo(Metadata::Structural::MPEG2VideoDescriptor & descriptor, SequenceHeader const & sequence,
+void describeVideo(Metadata::Structural::MPEG2VideoDescriptor & video, SequenceHeader const & sequence,
                    PictureHeader const & first, bool hasPredicted);
 
 /// Sets what is known of the stream's groups.
-void describeGroups(Metadata::Structural::MPEG2VideoDescriptor & descriptor, PictureGroups const & groups);
+void describeGroups(Metadata::Structural::MPEG2VideoDescriptor & video, PictureGroups const & groups);
 
 }
 }
