@@ -31,7 +31,7 @@ Bytes streamHeader(std::string const & type, std::string const & handler)
 
 Bytes const PICTURE = list("strl", streamHeader("vids", "dvsd") + waveChunk("strf", counting(40)) +
                                        padded("strn", counting(3)) + waveChunk("vprp", counting(8)));
-Bytes const SOUND = list("strl", streamHeader("auds", "\0\0\0\0") + padded("strf", PCM_FORMAT + hex("00")));
+Bytes const SOUND = list("strl", streamHeader("auds", std::string(4, 0)) + padded("strf", PCM_FORMAT + hex("00")));
 Bytes const HEADERS = list("hdrl", waveChunk("avih", littleEndian(40000, 4) + repeated(52, 7)) + PICTURE + SOUND +
                                        waveChunk("JUNK", counting(20)) + list("odml", waveChunk("dmlh", counting(4))));
 
@@ -78,7 +78,7 @@ TEST(AVIReader, TellsWhatStreamsAre)
         return waveChunk("indx", hex("0400 00 00 01000000") + Bytes(id.begin(), id.end()) + repeated(12, 0));
     };
     Bytes const streams = PICTURE + SOUND + list("strl", streamHeader("iavs", "dvsd") + superIndex("07__")) +
-                          list("strl", streamHeader("auds", "\0\0\0\0"));
+                          list("strl", streamHeader("auds", std::string(4, 0)));
     Bytes const index =
         waveChunk("idx1", Bytes{'0', '3', 'w', 'b'} + repeated(12, 0) + Bytes{'w', 'b', '0', '1'} + repeated(12, 0));
     CountingBlocks blocks;

@@ -186,7 +186,7 @@ struct Probed
     explicit Probed(std::string const & path)
     {
         std::istringstream packets(outputOf("packet=size", path));
-        for (std::size_t size; packets >> size;)
+        for (std::size_t size = 0; packets >> size;)
             sizes.push_back(size);
         std::istringstream frames(outputOf("frame=pict_type,coded_picture_number", path));
         for (std::string line; std::getline(frames, line);)
@@ -199,7 +199,7 @@ struct Probed
         std::string const command = "ffprobe -v error -of csv=p=0 -show_entries " + entries + " " + path;
         std::unique_ptr<std::FILE, int (*)(std::FILE *)> const pipe(popen(command.c_str(), "r"), pclose);
         std::string text;
-        for (int c; (c = std::fgetc(pipe.get())) != EOF;)
+        for (int c = 0; (c = std::fgetc(pipe.get())) != EOF;)
             text += static_cast<char>(c);
         return text;
     }
