@@ -68,10 +68,12 @@ public:
 
     /// Appends a partition up to its essence.
     ///
+    /// Places count from the start of the header partition.
+    ///
     /// \param metadata           lent; null for none
-    /// \param thisPartition      places, from the start of the header
-    /// \param previousPartition  partition; 0 for a footer partition that isn't
-    /// \param footerPartition    known
+    /// \param thisPartition      where it goes
+    /// \param previousPartition  where the one ahead of it is; 0 for the header
+    /// \param footerPartition    where the footer is; 0 while that isn't known
     /// \param writeEssence       whether essence is to follow
     /// \param isFooter           whether all essence has been written
     /// \param runInSize          bytes ahead of the partition that count for

@@ -72,7 +72,8 @@ public:
     void tellMetadataSpace();
 
     void pull(PulledUnit & unit);
-    void commit(PulledUnit & unit);
+    void commit(PulledUnit const & unit);
+    void tell(PulledUnit const & unit) const;
     PulledUnit unitOf(PartitionPack::PartitionStatus partitionStatus) const
     {
         return {partitionStatus, bytesWritten_, previousPartition_};
@@ -105,6 +106,7 @@ private:
     bool repeatsMetadata();
 
     void pullData(PulledUnit & unit);
+    void pullPiece();
     void decidePartition();
     bool changeTurn();
     void endStream(PulledUnit & unit);
@@ -121,6 +123,12 @@ private:
     // A partition is due, and where the essence is it may begin.
     bool needPartition_ = false;
     bool partitionBoundary_ = true;
+
+    // What the stream gave last: it stays when its source fails to complete
+    // the metadata, for the next pull.
+    DataIO::Chain piece_;
+    Templates::SharedPtr<FutureUpdater> pieceUpdater_;
+    bool streamEnded_ = false;
 
     // All essence has been written; what is left of streams is index.
     bool closingPhase_ = false;
@@ -166,13 +174,16 @@ void PullCreator::Impl::pull(PulledUnit & unit)
     }
 }
 
-void PullCreator::Impl::commit(PulledUnit & unit)
+void PullCreator::Impl::commit(PulledUnit const & unit)
 {
     for (PulledUnit::Opened const & partition : unit.partitions)
         rip_.add(partition.written.first->bodySID(), partition.offset);
     previousPartition_ = unit.previousPartition;
     bytesWritten_ = unit.offset();
+}
 
+void PullCreator::Impl::tell(PulledUnit const & unit) const
+{
     if (!unit.updater && unit.partitions.empty())
         return;
 
@@ -308,15 +319,25 @@ bool PullCreator::Impl::repeatsMetadata()
 
 void PullCreator::Impl::pullData(PulledUnit & unit)
 {
-    bool complete = partitionBoundary_;
-    AbstractPartitionWriter::Status const writerStatus =
-        handlers.current().writeData(unit.chain, complete, unit.updater);
-    partitionBoundary_ = complete;
+    if (!streamEnded_)
+        pullPiece();
+    if (streamEnded_)
+        handlers.current().finish();
 
-    if (writerStatus == AbstractPartitionWriter::WriterFinished)
+    unit.chain.push_back(piece_);
+    unit.updater.swap(pieceUpdater_);
+    if (streamEnded_)
         endStream(unit);
     else
         decidePartition();
+}
+
+void PullCreator::Impl::pullPiece()
+{
+    bool complete = partitionBoundary_;
+    AbstractPartitionWriter::Status const writerStatus = handlers.current().writeData(piece_, complete, pieceUpdater_);
+    partitionBoundary_ = complete;
+    streamEnded_ = writerStatus == AbstractPartitionWriter::WriterFinished;
 }
 
 // Another container takes over between units only.
@@ -346,7 +367,7 @@ bool PullCreator::Impl::changeTurn()
 
 void PullCreator::Impl::endStream(PulledUnit & unit)
 {
-    handlers.current().finish();
+    streamEnded_ = false;
     needPartition_ = true;
     partitionBoundary_ = true;
     if (!changeTurn())
@@ -561,6 +582,7 @@ PullCreator::Status PullCreator::nextUnit(PartitionPack::PartitionStatus partiti
     impl_->pull(unit);
     impl_->commit(unit);
     chain.push_back(unit.chain);
+    impl_->tell(unit);
     return impl_->status;
 }
 

@@ -372,14 +372,17 @@ TEST(Creator, RefusesStreamNumbers)
 // A pull that fails counts for nothing; the next one goes on.
 TEST(Creator, GoesOnBehindAFailureOfASource)
 {
-    FilePlan plan;
-    plan.sources.front().failsAt = 5;
-    Making making(plan);
-    EXPECT_FAILURE(InvalidFormat, "a bad unit", making.write());
-    EXPECT_EQ(making.creator->status(), PullCreator::PullBody);
-    FileOf written(making.write());
-    EXPECT_EQ(written->faults(false), Faults());
-    EXPECT_EQ(layoutOf(written.file), "H1x10m Bi2 Fm R");
+    for (unsigned int const failsAt : {5u, 10u})
+    {
+        FilePlan plan;
+        plan.sources.front().failsAt = failsAt;
+        Making making(plan);
+        EXPECT_FAILURE(InvalidFormat, "a bad unit", making.write());
+        EXPECT_EQ(making.creator->status(), PullCreator::PullBody);
+        FileOf written(making.write());
+        EXPECT_EQ(written->faults(false), Faults());
+        EXPECT_EQ(layoutOf(written.file), "H1x10m Bi2 Fm R");
+    }
 }
 
 TEST(Creator, LeavesNothingBehindWhenTheSinkFails)

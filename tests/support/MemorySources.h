@@ -36,7 +36,8 @@ struct EssencePlan
     /// Leaves the value's first byte to be written again, as EEh.
     bool patched = false;
 
-    /// The unit at which it throws, once.
+    /// The unit at which it throws, once; behind the last, when it is to be
+    /// finalized.
     unsigned int failsAt = ~0u;
 
     /// Empty answers ahead of each unit.
@@ -86,12 +87,7 @@ public:
         complete = true;
         if (done() || (plan_->emptyAnswers != 0 && ++answers_ % (plan_->emptyAnswers + 1) != 0))
             return !done();
-        if (plan_->failsAt == unit_)
-        {
-            plan_->failsAt = ~0u;
-            throw Exceptions::InvalidFormat("a bad unit", __FILE__, __LINE__);
-        }
-
+        failOnce();
         if (plan_->patched && unit_ == 0)
             updater = Templates::SharedPtr<MXFIO::FutureUpdater>(new FirstBytePatch);
         tellUnit(plan_->given.size());
@@ -112,6 +108,14 @@ public:
 
 protected:
     virtual void tellUnit(UInt64) {}
+
+    void failOnce()
+    {
+        if (plan_->failsAt != unit_)
+            return;
+        plan_->failsAt = ~0u;
+        throw Exceptions::InvalidFormat("a bad unit", __FILE__, __LINE__);
+    }
 
     EssencePlanPtr const plan_;
     unsigned char const element_;
@@ -141,7 +145,11 @@ public:
         generator_ = generator;
     }
 
-    void finalize() override { plan_->finalized = true; }
+    void finalize() override
+    {
+        failOnce();
+        plan_->finalized = true;
+    }
     Metadata::Structural::SourcePackage & sourcePackage() override { return package_; }
     Types::UniversalLabel const & essenceContainerUL() override { return label_; }
     Templates::Rational<int> const & packageRate() override { return rate_; }
