@@ -6,6 +6,10 @@ namespace Vantry { namespace IndexTables {
 
 /// Where an edit unit stands in its group of pictures. What isn't known is
 /// -1. Distances above 127 are told as 127.
+///
+/// Temporal offsets are taken as distances from the place where a picture is
+/// stored to the one where it is shown. IndexEntry::temporalOffset has them
+/// the other way round; the two differ for runs of B pictures.
 struct GOPInfo
 {
     /// Edit units from the start of the group, as they are stored.

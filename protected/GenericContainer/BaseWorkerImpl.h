@@ -111,6 +111,7 @@ private:
     UInt64 fillSize(AnalyzerEntry const & entry, UInt64 size) const;
     UInt64 restOfItem(EssenceAnalyzer const & analyzer, UInt64 size) const;
     bool startsSlice(AnalyzerEntry const & entry) const;
+    bool fillHasSlice(AnalyzerEntry const & entry) const;
     Int32 getItemSize(EssenceAnalyzer const & analyzer) const;
     IndexSegmentInfo indexSegmentInfo() const;
 

@@ -217,6 +217,8 @@ BaseWorkerImpl::Seconds BaseWorkerImpl::processAnalyzer(AnalyzerEntry & entry, S
 
     index_.processAnalyzerIndexEntrySliceOffset(startsSlice(entry), static_cast<UInt32>(fill),
                                                 static_cast<UInt32>(sliceOffset_));
+    if (fillHasSlice(entry) && (entry.entryByteCount == 0 || entry.needsExtendedIndex))
+        index_.processAnalyzerIndexEntrySliceOffset(true, 0, static_cast<UInt32>(sliceOffset_));
     index_.processAnalyzerIndexEntry(editUnits_, entry.analyzer->containsTemporalDependencies(), unit.flags,
                                      unit.temporalOffset);
     return {unit.duration.numerator(), unit.duration.denominator()};
@@ -261,14 +263,17 @@ Int32 BaseWorkerImpl::getItemSize(EssenceAnalyzer const & analyzer) const
     return kindByClass(analyzer, kind) ? std::max(data_.itemSizes[kind], 0) : 0;
 }
 
-// An element of constant size by fill alone starts a slice where this fill has
-// a place in the index: that place varies.
 bool BaseWorkerImpl::startsSlice(AnalyzerEntry const & entry) const
 {
-    if (entry.entryByteCount == 0)
-        return true;
-    return entry.filled && !entry.padToItem && generator_.get() != nullptr &&
-           generator_->indexSegmentType() == MXFIO::INDEX_VARIABLE_WITH_FILL && !entry.analyzer->isCBE();
+    return entry.entryByteCount == 0 || fillHasSlice(entry);
+}
+
+// Where fill has a place in the index, that behind an element of constant size
+// by fill alone, or of any size, starts a slice: its place varies.
+bool BaseWorkerImpl::fillHasSlice(AnalyzerEntry const & entry) const
+{
+    return entry.filled && !entry.analyzer->isCBE() && generator_.get() != nullptr &&
+           generator_->indexSegmentType() == MXFIO::INDEX_VARIABLE_WITH_FILL;
 }
 
 Templates::auto_ptr<DataIO::Slice> BaseWorkerImpl::createKLSlice(AnalyzerEntry const & entry, UInt64 length,

@@ -109,11 +109,9 @@ void IndexSegmentLayout::addFrameElement(IndexEntryData const & element, IndexSe
     if (isConstant(element) && !element.needsExtendedIndex)
         return;
 
-    // What follows lies in a slice of its own, the one of the fill if it has
-    // one: an index entry has one slice offset for each element.
+    // What follows lies in a slice of its own, also behind fill that has one.
     elementDelta_ = 0;
-    if (!fillHasSlice)
-        ++slice_;
+    ++slice_;
     if (hasEntries() && hasPosition)
         ++positions_;
 }

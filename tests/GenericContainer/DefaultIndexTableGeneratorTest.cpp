@@ -168,7 +168,7 @@ TEST(DefaultIndexTableGenerator, TellsWhereElementsLie)
         {"fill at a constant place", frames({Element(1000).filled(900), 500}), INDEX_AUTOMATIC_WITH_FILL,
          INDEX_CONSTANT_WITH_FILL, "0:0:0 0:0:920 0:0:1000 | 0 - | 1500"},
         {"fill behind a variable one", frames({variable.filled(), 500, variable}), INDEX_AUTOMATIC_WITH_FILL,
-         INDEX_VARIABLE_WITH_FILL, "0:0:0 0:1:0 0:1:0 0:1:500 | 1 - | 0"},
+         INDEX_VARIABLE_WITH_FILL, "0:0:0 0:1:0 0:2:0 0:2:500 | 2 - | 0"},
         {"fill behind a bounded one", frames({bounded, variable}), INDEX_AUTOMATIC_WITH_FILL, INDEX_VARIABLE_WITH_FILL,
          "0:0:0 0:1:0 0:1:0 | 1 - | 0"},
         {"fill that isn't asked for", frames({bounded, variable}), INDEX_AUTOMATIC, INDEX_VARIABLE,

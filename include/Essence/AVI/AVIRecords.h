@@ -69,10 +69,10 @@ struct STREAMInfo
     /// chunks begin with.
     unsigned short streamNumber = 0;
 
-    StreamHeader header;
-
     /// The "strf" chunk.
     Templates::vector<unsigned char> formatBlock;
+
+    StreamHeader header;
 };
 
 }}}

@@ -146,6 +146,11 @@ TEST(Mux, LaysOutContentPackagesAndTheirIndex)
              c.system(2).pictures({30, 31}).sound({8, 8}).sound({8, 8}).items(64, 200, 100);
          },
          "X:4 f40 P0:30 f150 S0:8 S1:8 f44 | X:4 f40 P0:31 f149 S0:8 S1:8 f44"},
+        {"variable items with their fill in the index",
+         [](Container & c) {
+             c.pictures({30, 31}).sound({8, 9}).items(0, 200, 100);
+         },
+         "P0:30 f150 S0:8 f72 | P0:31 f149 S0:9 f71", MXFIO::INDEX_AUTOMATIC_WITH_FILL, true},
         {"constant items of a size on a grid",
          [](Container & c)
          {
