@@ -1,11 +1,12 @@
-"""Measures `vantry info` and `vantry unwrap` on large files.
+"""Measures `vantry info`, `vantry unwrap` and `vantry wrap` on large files.
 
     large_files.py VANTRY FOLDER [MEGABYTES]
 
 ffmpeg makes the files in FOLDER: one of MEGABYTES (3000 when not given) with
 pictures in long GOPs and four sound tracks, and one of 200,000 small edit
-units, fewer by as much as MEGABYTES are below 3000. FOLDER needs room for
-twice MEGABYTES; all is removed at the end.
+units, fewer by as much as MEGABYTES are below 3000. What was unwrapped of the first
+is wrapped again, beside copies of it into one file. FOLDER needs room for three
+times MEGABYTES; all is removed at the end.
 
 Times are the shortest of several runs, with the file in the page cache and
 nothing left to be written to the disk. Since the speed of a disk comes and
@@ -60,6 +61,14 @@ def copy_in_blocks(source, target):
     return time.monotonic() - start
 
 
+def copy_into_one(sources, target):
+    """Seconds that it takes to copy files one behind the other."""
+    start = time.monotonic()
+    with open(target, "wb") as out:
+        subprocess.run(["cat", *sources], stdout=out, check=True)
+    return time.monotonic() - start
+
+
 class Bench:
     def __init__(self, vantry, folder):
         self.vantry = Path(vantry).absolute()
@@ -98,6 +107,21 @@ class Bench:
             megabytes.append(memory)
         return min(unwraps), max(megabytes), min(copies)
 
+    def wrap(self, pattern, *options):
+        """The same of wrapping the essence that matches."""
+        inputs = sorted(self.essence.glob(pattern))
+        copies, wraps, megabytes = [], [], []
+        for _ in range(ROUNDS):
+            self.copy.unlink(missing_ok=True)
+            subprocess.run(["sync"], check=True)
+            copies.append(copy_into_one(inputs, self.copy))
+            self.copy.unlink(missing_ok=True)
+            subprocess.run(["sync"], check=True)
+            seconds, memory, _ = measure([self.vantry, "wrap", "--quiet", *options, *inputs, "-o", self.copy])
+            wraps.append(seconds)
+            megabytes.append(memory)
+        return min(wraps), max(megabytes), min(copies)
+
 
 def row(name, measured, form, limit=None):
     line = f"{name:>32}  {form.format(measured):<12}"
@@ -106,13 +130,17 @@ def row(name, measured, form, limit=None):
     print(line.rstrip(), flush=True)
 
 
+def report_times(job, measured, limit):
+    seconds, megabytes, copy = measured
+    row(job, seconds / copy, "{:.2f} copies", limit)
+    row("memory", megabytes, "{:.1f} MB", 64)
+
+
 def report(bench, name):
     seconds, busy = bench.info()
     row(f"info, {name}", 1000 * seconds, "{:.1f} ms", 10)
     row("processor time", 1000 * busy, "{:.1f} ms")
-    seconds, megabytes, copy = bench.unwrap()
-    row(f"unwrap, {name}", seconds / copy, "{:.2f} copies", 1.15)
-    row("memory", megabytes, "{:.1f} MB", 64)
+    report_times(f"unwrap, {name}", bench.unwrap(), 1.15)
 
 
 def main(vantry, folder, megabytes=FULL_SIZE):
@@ -122,6 +150,8 @@ def main(vantry, folder, megabytes=FULL_SIZE):
     try:
         make(bench.file, LARGE_PICTURES, SOUND_TRACKS, f"-fs {megabytes}M")
         report(bench, f"{megabytes} MB")
+        report_times("wrap, pictures and sound", bench.wrap("*"), 1.3)
+        report_times("wrap, a clip of sound", bench.wrap("*_3.wav", "--wrapping", "clip"), 1.1)
         make(bench.file, SMALL_PICTURES, 0, f"-frames:v {edit_units}")
         report(bench, f"{edit_units} edit units")
     finally:

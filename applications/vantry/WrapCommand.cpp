@@ -16,7 +16,8 @@
 #include <algorithm>
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
-#include <numeric>
+
+#include <malloc.h>
 
 namespace Vantry { namespace Application {
 
@@ -27,6 +28,15 @@ namespace {
 
 Rate const USUAL_RATE = 25;
 UInt64 const LARGEST_KAG_SIZE = 1 << 20;
+
+/// Blocks of one size come and go all the time: they stay with the program,
+/// which would else have to touch them anew.
+void keepMemory()
+{
+    int const kept = 16 << 20;
+    ::mallopt(M_MMAP_THRESHOLD, kept);
+    ::mallopt(M_TRIM_THRESHOLD, kept);
+}
 
 std::string textOf(Rate const & rate)
 {
@@ -98,6 +108,7 @@ void WrapCommand::declareOptions(Options & options)
 void WrapCommand::run(CommonOptions const & common, Output & output)
 {
     WrapSettings const settings = checked(this->settings());
+    keepMemory();
     std::optional<Utils::Test::DeterministicScope> deterministic;
     if (settings.isDeterministic)
         deterministic.emplace();
