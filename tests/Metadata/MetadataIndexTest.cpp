@@ -63,20 +63,6 @@ TEST_F(MetadataIndex, FindsByLabelAndBytes)
     EXPECT_THAT(find(PEER, numberedUUID(1)), IsEmpty());
 }
 
-TEST_F(MetadataIndex, FollowsChanges)
-{
-    set(first, NUMBER, Number(7));
-    set(second, NUMBER, Number(7));
-    set(first, NUMBER, Number(8));
-    EXPECT_THAT(find(NUMBER, Number(7)), ElementsAre(2));
-    EXPECT_THAT(find(NUMBER, Number(8)), ElementsAre(1));
-
-    elementOf<SimpleElement>(first, NUMBER).set(Templates::auto_ptr<Types::SimpleDataType>(), true);
-    EXPECT_THAT(find(NUMBER, Number(8)), IsEmpty());
-    partition.metadata.removeMetadataSet(numberedUUID(2));
-    EXPECT_THAT(find(NUMBER, Number(7)), IsEmpty());
-}
-
 // Sets come and go by the hundred, some with a value of many, some twice with
 // the same one. A plain list says what must be found.
 TEST_F(MetadataIndex, KeepsOrderAsItGrowsAndShrinks)

@@ -112,24 +112,6 @@ TEST_F(StructuralHelpers, TellTracksApart)
     EXPECT_EQ(getTimecodeTrack(package), &code);
 }
 
-TEST_F(StructuralHelpers, MakeTracksAndClips)
-{
-    TimelineTrack & made = track(picture, {50, 2}, 3, 7, 9);
-    EXPECT_EQ(package.track(0), &made);
-    EXPECT_EQ(made.trackID()->value(), 9u);
-    EXPECT_EQ(made.editRate()->numerator(), 50) << "as it was given";
-    EXPECT_EQ(made.origin()->value(), 3);
-    EXPECT_EQ(*made.sequence()->dataDefinition(), picture);
-    EXPECT_EQ(made.sequence()->duration()->value(), 7);
-
-    SourceClip & first = *addSourceClip(*metadata, made.sequence(), picture, 1, 2);
-    SourceClip & second = *addSourceClip(*metadata, made.sequence(), picture, 3, 4);
-    EXPECT_EQ(made.sequence()->structuralComponent(0), &first);
-    EXPECT_EQ(made.sequence()->structuralComponent(1), &second);
-    EXPECT_EQ(second.startPosition()->value(), 3);
-    EXPECT_EQ(second.duration()->value(), 4);
-}
-
 TEST_F(StructuralHelpers, BoundTracksInSeconds)
 {
     struct Case

@@ -2,6 +2,7 @@
 #include "MetaMetadata/MetaElement.h"
 #include "MetaMetadata/MetaReferenceHolder.h"
 #include "MetaMetadata/Visitors/GetMetaElementVisitor.h"
+#include "Metadata/Structural/StructuralMetadataULList.h"
 #include "Schema/Definition.h"
 #include "Schema/Dictionaries.h"
 #include "Schema/LabelNames.h"
@@ -81,6 +82,18 @@ TEST(Schema, MeetsWhatTheLibraryAsksOfADictionary)
     }
 
     EXPECT_TRUE(dictionary->find(key(PREFACE))->findMetaAttribute(instanceUID));
+}
+
+TEST(Schema, NamesAttributesAsTheLibraryDoes)
+{
+    auto const dictionary = builtInDictionary();
+#define EXPECT_NAMED(name, bytes)                                                         \
+    if (MetaMetadata::MetaElement const * const element =                                 \
+            dictionary->findMetaElement(Types::UniversalLabel(Tests::hex(bytes).data()))) \
+        EXPECT_EQ(element->getProperty(wide("symbol")), wide(#name));                     \
+    else                                                                                  \
+        EXPECT_STREQ(#name, "null");
+    VANTRY_STRUCTURAL_METADATA_ULS(EXPECT_NAMED)
 }
 
 TEST(Schema, TakesWhatAFileAddsAndReplaces)
