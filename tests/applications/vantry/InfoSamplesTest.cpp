@@ -1,4 +1,5 @@
-// How much there is of real files of many makers, and what is wrong with them.
+// What is in real files of many makers, how much there is of it, and what is
+// wrong with them.
 // info-samples.txt has it, reviewed by hand.
 
 #include "FileReport.h"
@@ -24,6 +25,11 @@ std::string linesOf(Bytes const & file)
         return "  no MXF file\n";
 
     std::string lines;
+    for (Json const & package : (*report)["packages"])
+        for (Json const & track : package["tracks"])
+            lines += fmt::format("  {} {}: {} of {} at {}, start {}\n", package["kind"].get<std::string>(),
+                                 track["id"].dump(), track["kind"].dump(), track["duration"].dump(),
+                                 track["edit_rate"].dump(), track["start_timecode"].dump());
     for (Json const & container : (*report)["containers"])
         lines += fmt::format("  body SID {}, {}: {} of {}, index {}\n", container["body_sid"].dump(),
                              container["wrapping"].get<std::string>(), container["readable_edit_units"].dump(),

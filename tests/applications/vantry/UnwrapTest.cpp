@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
-#include <random>
 #include <sstream>
 
 namespace Vantry { namespace Tests {
@@ -173,24 +172,6 @@ TEST(Unwrap, GivesWhatFFmpegCopies)
     }
 }
 
-TEST(Unwrap, BeginsWithTheEditUnitAskedFor)
-{
-    VANTRY_NEEDS_FFMPEG();
-    ScratchFolder const scratch;
-    Kind const & kind = KINDS[0];
-    make(scratch, kind.arguments);
-    Copied const copied = copyByFFmpeg(scratch, kind);
-    for (int round = 0; round < 2; ++round, removeFooter(scratch.path() / "a.mxf"))
-        for (std::size_t unit = 0; unit + 1 < copied.starts.size(); ++unit)
-        {
-            std::string const from = std::to_string(unit);
-            runVantry(scratch, "unwrap a.mxf -o - --track 2 --count 1 --from " + from + " > unit");
-            EXPECT_TRUE(readFile(scratch.path() / "unit") == Bytes(copied.bytes.begin() + copied.starts[unit],
-                                                                   copied.bytes.begin() + copied.starts[unit + 1]))
-                << unit << " in round " << round;
-        }
-}
-
 TEST(Unwrap, TakesACutFileUpToTheCut)
 {
     VANTRY_NEEDS_FFMPEG();
@@ -343,41 +324,6 @@ TEST(Unwrap, TakesRealFilesApart)
         }
         EXPECT_EQ(result, Json::parse(c.result));
     }
-}
-
-TEST(Unwrap, EndsInOrderWhateverTheFileHolds)
-{
-    VANTRY_NEEDS_SAMPLES();
-    char const * const SAMPLES[] = {"F001_sample.mxf", "F048_8c0c4ebc_mono_sine.mxf", "F189_audio1.mxf",
-                                    "F196_video1.mxf", "F211_fixture.mxf"};
-    char const * const wanted = std::getenv("VANTRY_DAMAGED_FILES");
-    unsigned const rounds = wanted != nullptr ? static_cast<unsigned>(std::atoi(wanted)) : 8;
-
-    ScratchFolder const scratch;
-    std::mt19937 random(7); // NOLINT(cert-msc51-cpp): the same files in each run
-    for (char const * sample : SAMPLES)
-        for (unsigned round = 0; round < rounds; ++round)
-        {
-            SCOPED_TRACE(sample + (" " + std::to_string(round)));
-            Bytes file = readFile(sampleFolder() / sample);
-
-            // What matters is at the start and at the end.
-            std::size_t const sizes[] = {file.size(), 8192, 2048};
-            std::size_t const place = random() % sizes[random() % 3];
-            std::size_t const either = random() % 2 != 0 ? place : file.size() - 1 - place;
-            if (round % 2 != 0)
-                file = file.first(either);
-            else
-                file[either] ^= static_cast<unsigned char>(1u << random() % 8);
-
-            scratch.write("a.mxf", file);
-            Ended const ended = runVantry(scratch, "unwrap a.mxf -o out --force --json" +
-                                                       std::string(round % 3 == 0 ? " --from 1" : ""));
-            EXPECT_LE(ended.status, 3);
-            EXPECT_EQ(std::count(ended.errors.begin(), ended.errors.end(), '\n'), ended.status == 0 ? 0 : 1);
-            EXPECT_TRUE(ended.output.empty() || Json::accept(ended.output));
-            EXPECT_EQ(ended.output.empty(), ended.status == 1 || ended.status == 2);
-        }
 }
 
 }}
