@@ -170,12 +170,4 @@ TEST(ContainerMetadata, PackageSaysWhatIsInIt)
     }
 }
 
-TEST(ContainerMetadata, PackageHasTheIdentifierThatIsGiven)
-{
-    Types::UMID32 const given = sample<Types::UMID32>(7);
-    Header header;
-    Multiplexer::Mux(header.shared(), label(), 25, &given).commit();
-    EXPECT_EQ(*header.package().packageUID(), given);
-}
-
 }}}

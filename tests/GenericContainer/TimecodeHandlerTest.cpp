@@ -168,13 +168,4 @@ TEST(TimecodeHandler, GivesUpWhereJumpsAreTooMany)
     }
 }
 
-TEST(TimecodeHandler, NeedsAPackageForATrack)
-{
-    TimecodeHandler handler({}, nullptr, 25, startAt(0, 0, true));
-    handler.setupTimecodeTrack(Utils::TimeCode(25), 25, 4);
-    handler.checkTimeCode(EditUnit(), 25);
-    handler.updateTimecodeComponent();
-    handler.updateTimecodeSequenceDuration();
-}
-
 }}}

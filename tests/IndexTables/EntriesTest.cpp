@@ -22,23 +22,6 @@ using Tests::valueOf;
 
 using Count = unsigned char;
 
-TEST(DeltaEntry, IsReadAndWritten)
-{
-    Bytes const wire = hex("FF 02 80 00 00 03");
-    DeltaEntry entry = valueOf<DeltaEntry>(wire);
-    EXPECT_EQ(entry.posTableIndex(), -1);
-    EXPECT_EQ(entry.slice(), 2);
-    EXPECT_EQ(entry.elementDelta(), 0x80000003u);
-    EXPECT_EQ(serialized(entry), wire);
-    EXPECT_EQ(serialized(DeltaEntry(-1, 2, 0x80000003u)), wire);
-
-    entry.posTableIndex(1);
-    entry.slice(127);
-    entry.elementDelta(5);
-    EXPECT_EQ(serialized(entry), hex("01 7F 00 00 00 05"));
-    EXPECT_EQ(lengthFailureOf([&] { valueOf<DeltaEntry>(wire.first(5)); }).bytes, wire.first(5));
-}
-
 TEST(IndexEntry, HoldsFlagsAndOffsets)
 {
     Bytes const wire = hex("02 FD A5 01 02 03 04 05 06 07 08");
@@ -93,14 +76,6 @@ TEST(IndexEntry, HoldsSlicesAndPositions)
     EXPECT_FAILURE(IndexOutOfBounds, beyond, entry.removePosTable(0));
     EXPECT_FAILURE(IndexOutOfBounds, beyond, assigned.addSliceOffset(4, 0));
     EXPECT_FAILURE(IndexOutOfBounds, beyond, assigned.addPosTable(3, 0));
-}
-
-TEST(IndexEntry, KeepsUndefinedPositions)
-{
-    Bytes const wire = hex("00 00 80 00 00 00 00 00 00 00 00  00 00 00 05 00 00 00 00");
-    IndexEntry const entry = valueOf<IndexEntry>(wire, Count(0), Count(1));
-    EXPECT_EQ(entry.posTable(0), Rational<int>(0));
-    EXPECT_EQ(serialized(entry), wire);
 }
 
 TEST(DeltaEntryArray, HoldsEntriesOfSixBytes)

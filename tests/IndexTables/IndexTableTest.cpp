@@ -35,27 +35,6 @@ std::pair<Int64, Int64> found(IndexTable const & table, Int64 position)
 using Pair = std::pair<Int64, Int64>;
 Pair const NOTHING(-1, -1);
 
-TEST(IndexTable, FindsTheSegmentOfAnEditUnit)
-{
-    IndexTable table(2, 1);
-    EXPECT_EQ(table.find(0), nullptr);
-    for (Span span : {Span{10, 5}, {0, 10}, {20, 5}, {20, 2}})
-        table.add(indexSegment(span.start, span.duration), false);
-    EXPECT_EQ(table.size(), 4u);
-    EXPECT_EQ(found(table, -1), NOTHING);
-    EXPECT_EQ(found(table, 0), Pair(0, 10));
-    EXPECT_EQ(found(table, 14), Pair(10, 5));
-    EXPECT_EQ(found(table, 15), NOTHING);
-    EXPECT_EQ(found(table, 21), Pair(20, 2)); // came later
-    EXPECT_EQ(found(table, 22), Pair(20, 5));
-    EXPECT_EQ(found(table, 25), NOTHING);
-
-    table.add(indexSegment(12, 0), false);
-    EXPECT_EQ(found(table, 12), Pair(12, 0));
-    EXPECT_EQ(found(table, 21), Pair(20, 2));
-    EXPECT_EQ(found(table, HIGHEST), Pair(12, 0));
-}
-
 TEST(IndexTable, CountsRepeatedSegmentsOnce)
 {
     IndexTable table(2, 1);

@@ -8,17 +8,10 @@
 #include "Exceptions/NotImplemented.h"
 #include "Exceptions/OperationNotAllowed.h"
 #include "IndexTables/GOPInfo.h"
-#include "KLV/KeyPredicates.h"
 #include "MXFIO/Seeker.h"
 #include "MXFIO/SystemItemKLVPacketListener.h"
 #include "support/EssenceFile.h"
-#include "support/FFmpeg.h"
 #include "support/Failure.h"
-#include "support/FileBytes.h"
-#include "support/GrowingSource.h"
-#include "support/HeaderMetadata.h"
-#include "support/Samples.h"
-#include "support/UseContainer.h"
 
 #include <gmock/gmock.h>
 
@@ -410,141 +403,6 @@ TEST(ContentStorageReader, GivesSystemItemsToTheListener)
         open.content.discardKLVPacket(std::move(packet));
     }
     EXPECT_EQ(listener.packets, 5);
-}
-
-// Whatever is there when the container is opened. A plain reader can't find
-// partitions while there is no footer, but measures what there is.
-TEST(ContentStorageReader, FollowsAFileThatGrows)
-{
-    auto const size = static_cast<unsigned int>(editUnit(0, true).size());
-    auto const part = [&](unsigned int from, unsigned int to, Packs::PartitionPack::PartitionKind kind)
-    {
-        Bytes const index = kind == HEADER ? constantIndex(0, 0, size) : Bytes();
-        return FilePart{kind, OPEN, {}, editUnits(from, to, true), BODY_SID, index, index.empty() ? 0 : INDEX_SID};
-    };
-    MXFFile const file({part(0, 3, HEADER), part(3, 7, BODY), part(7, 20, BODY)}, false);
-    ContainerFacts facts({{1, PICTURE, {25, 1}, -1}});
-    UInt64 const start = file.offset(1) - 3 * size;
-
-    auto const follow = [&](Reader && reader, GrowingSource & source, UInt64 written)
-    {
-        bool const isPlain = dynamic_cast<Reader2 *>(&reader) == nullptr;
-        ContentStorageReader content(reader, facts.data, true, false, {});
-        EXPECT_TRUE(content.isStreaming());
-        EXPECT_EQ(content.duration(), Ratio(0));
-
-        int next = 0;
-        Ratio before = 0;
-        for (; written < file.bytes().size(); written += 333)
-        {
-            source.writeUpTo(written + 333);
-            content.refreshSource();
-            EXPECT_GE(content.duration(), before);
-            EXPECT_EQ(content.indexableDuration(), content.duration());
-            before = content.duration();
-            for (; Ratio(next) < before; ++next)
-            {
-                ASSERT_TRUE(isPlain || content.seek(next)) << next;
-                ASSERT_TRUE(isPlain || nextByte(content) == next) << next;
-                ASSERT_TRUE(isPlain || content.editUnit() == next + 1) << next;
-            }
-        }
-        EXPECT_EQ(next, 20);
-        EXPECT_FALSE(content.seek(20));
-        EXPECT_THAT(content.elements(), ElementsAre(SYSTEM_ITEM, PICTURE, SOUND));
-    };
-    for (UInt64 written : {start, start + 60, start + PICTURE_DELTA + 50, start + size - 7})
-    {
-        SCOPED_TRACE(written - start);
-        GrowingSource source(file.bytes(), written);
-        follow(Reader2(source, Tests::Schema().dictionary(), SEARCH_LIMIT), source, written);
-        GrowingSource other(file.bytes(), written);
-        follow(Reader(other, Tests::Schema().dictionary(), SEARCH_LIMIT), other, written);
-    }
-}
-
-TEST(ContentStorageReader, ReadsNoMoreOfAShorterFile)
-{
-    for (std::size_t index : {std::size_t(0), std::size_t(4)})
-    {
-        Bytes const whole = fileOf(indexCases()[index]).bytes();
-        ContainerFacts facts(TRACKS);
-        int most = 0;
-        for (std::size_t size = 1; size <= whole.size(); size += 5)
-        {
-            int readable = 0;
-            attempt(
-                [&]
-                {
-                    OpenContainer open(whole.first(size), facts);
-                    for (int i = 0; i < static_cast<int>(EDIT_UNITS) && open.content.seek(i); ++i)
-                        readable += nextByte(open.content) == i ? 1 : 0;
-                });
-            EXPECT_GE(readable, most) << size;
-            most = std::max(most, readable);
-        }
-        EXPECT_EQ(most, static_cast<int>(EDIT_UNITS));
-    }
-}
-
-// Where each edit unit starts, by a walk.
-std::vector<UInt64> startsOf(ContentStorageReader & content)
-{
-    std::vector<UInt64> starts;
-    content.seek(0);
-    while (auto const packet = content.nextKLV(SEARCH_LIMIT))
-        if (content.editUnit() > static_cast<Int64>(starts.size()))
-            starts.push_back(packet->keyAbsoluteOffset());
-    return starts;
-}
-
-// Returns how many edit units there were to seek.
-std::size_t expectSeeksAreRight(Bytes const & bytes)
-{
-    std::size_t seeks = 0;
-    BytesSource source(bytes);
-    Reader2 reader(source, HeaderMetadata::dictionary(), SEARCH_LIMIT);
-    forEachContainer(reader,
-                     [&](ContentStorageReader & content)
-                     {
-                         if (content.isClipWrapped() || !content.isSeekExact())
-                             return;
-                         std::vector<UInt64> const starts = startsOf(content);
-                         for (std::size_t i = starts.size(); i-- > 0;)
-                         {
-                             if (!content.seek(static_cast<Int64>(i)))
-                                 continue;
-                             auto packet = content.nextKLV(0);
-                             while (packet && KLV::isFillItem(packet->key()))
-                                 packet = content.nextKLV(0);
-                             ASSERT_TRUE(packet);
-                             ASSERT_EQ(packet->keyAbsoluteOffset(), starts[i]) << i;
-                             ++seeks;
-                         }
-                     });
-    return seeks;
-}
-
-TEST(ContentStorageReader, FindsEveryEditUnitOfRealFiles)
-{
-    VANTRY_NEEDS_SAMPLES();
-    std::size_t seeks = 0;
-    for (std::filesystem::path const & path : samples())
-    {
-        SCOPED_TRACE(path);
-        attempt([&] { seeks += expectSeeksAreRight(readFile(path)); });
-    }
-    EXPECT_GT(seeks, 50u);
-}
-
-TEST(ContentStorageReader, FindsEveryEditUnitOfFilesOfAPeer)
-{
-    VANTRY_NEEDS_FFMPEG();
-    for (std::string const & arguments : ffmpegKinds())
-    {
-        SCOPED_TRACE(arguments);
-        expectSeeksAreRight(readFile(FFmpegFile(arguments).path()));
-    }
 }
 
 TEST(EssenceUtils, MeasuresContainers)

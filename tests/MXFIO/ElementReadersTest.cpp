@@ -203,31 +203,6 @@ Bytes clipFile(bool withIndex, Int64 indexDuration = 0)
 
 std::vector<TrackFacts> const CLIP_TRACK = {{1, SOUND, {48000, 1}, SAMPLES}};
 
-TEST(ElementReader, ReadsAClipAtOnce)
-{
-    for (Bytes const & bytes : {clipFile(false), clipFile(true), clipFile(true, SAMPLES)})
-    {
-        ContainerFacts facts(CLIP_TRACK, CLIP_WRAPPED);
-        OpenContainer open(bytes, facts);
-        ReaderPtr const whole = open.content.elementReader(1, 0, -1, {48000, 1}, false);
-        EXPECT_EQ(next(*whole), samples(0, SAMPLES));
-        EXPECT_EQ(next(*whole), Bytes());
-
-        ReaderPtr const clip = open.content.elementReader(1, 1000, 500, {48000, 1}, false);
-        EXPECT_EQ(next(*clip), samples(1000, 1500));
-        EXPECT_TRUE(clip->isAtEnd());
-
-        UInt64 const before = open.file.source.bytesRead();
-        EXPECT_TRUE(clip->setPosition(400));
-        EXPECT_EQ(open.file.source.bytesRead(), before) << "a seek reads nothing";
-        ElementEditUnit unit;
-        EXPECT_TRUE(clip->nextElement(0, unit));
-        EXPECT_EQ(payload(unit), samples(1400, 1500));
-        EXPECT_EQ(unit.duration, Ratio(100, 48000));
-        EXPECT_EQ(unit.packetBytes, 3 * SAMPLES);
-    }
-}
-
 TEST(ElementReader, ReadsAClipInPieces)
 {
     for (Bytes const & bytes : {clipFile(false), clipFile(true), clipFile(true, SAMPLES)})
@@ -261,27 +236,6 @@ TEST(ElementReader, ReadsAClipInPieces)
     EXPECT_EQ(next(*reader), samples(0, 1920));
     EXPECT_LT(next(*reader).size(), 3u * 1920);
     EXPECT_EQ(next(*reader), Bytes());
-}
-
-TEST(ElementReader, FindsPicturesInAClipByTheirIndexEntries)
-{
-    Bytes pictures;
-    std::vector<IndexEntry> entries;
-    for (unsigned int i = 0; i < EDIT_UNITS; ++i)
-    {
-        entries.emplace_back(UInt64(pictures.size()));
-        pictures += repeated(50 + i, static_cast<unsigned char>(i));
-    }
-    MXFFile const file({{HEADER, CLOSED, {}, packet(trackNumber2Key(PICTURE), pictures), BODY_SID},
-                        {FOOTER, CLOSED, {}, {}, 0, variableIndex(0, entries), INDEX_SID}});
-    ContainerFacts facts({{1, PICTURE, {25, 1}, EDIT_UNITS}}, CLIP_WRAPPED);
-    OpenContainer open(file.bytes(), facts);
-    ReaderPtr const reader = open.content.elementReader(1, 0, EDIT_UNITS, {25, 1}, true);
-    for (unsigned int i : {0u, 1u, 29u, 12u})
-    {
-        EXPECT_TRUE(reader->setPosition(i));
-        EXPECT_EQ(next(*reader), repeated(50 + i, static_cast<unsigned char>(i)));
-    }
 }
 
 // Knows everything of a container, and makes readers by the library's way.

@@ -92,34 +92,6 @@ TEST(PartitionPack, IsReadAndWrittenFieldByField)
     }
 }
 
-TEST(PartitionPack, IsBuiltFromValues)
-{
-    PartitionPack pack = packWith(key(2, 1));
-    EXPECT_EQ(serialized(pack), hex("06 0E 2B 34 02 05 01 01 0D 01 02 01 01 02 01 00  83 00 00 58"
-                                    "00 01 00 02 00 00 02 00 00 00 00 00 00 00 03 E8") +
-                                    repeated(36, 0) + hex("00 00 00 00 00 00 07 D0 00 00 00 00") + PATTERN +
-                                    hex("00 00 00 00 00 00 00 10"));
-
-    pack.key(KLV::Key(HEADER_KEY.data()));
-    pack.berLength(1);
-    pack.majorVersion(1);
-    pack.minorVersion(3);
-    pack.kagSize(512);
-    pack.thisPartition(0x100000002);
-    pack.previousPartition(0x300000004);
-    pack.footerPartition(0x500000006);
-    pack.headerByteCount(0x700000008);
-    pack.indexByteCount(0x90000000A);
-    pack.indexSID(11);
-    pack.bodyOffset(0xC0000000D);
-    pack.bodySID(14);
-    pack.operationalPattern(UniversalLabel(PATTERN.data()));
-    pack.essenceContainers(containers(1));
-    PartitionPack const copy(pack);
-    pack.essenceContainers(containers(0));
-    EXPECT_EQ(serialized(copy), HEADER_KEY + hex("68") + FIELDS + ONE_CONTAINER);
-}
-
 TEST(PartitionPack, ItsKeyTellsKindAndStatus)
 {
     struct Case

@@ -1,6 +1,5 @@
 #include "Platform/Clock.h"
 #include "Platform/Environment.h"
-#include "Platform/PlatformName.h"
 #include "Platform/Time.h"
 
 #include "support/Failure.h"
@@ -76,14 +75,6 @@ TEST_F(EnvironmentTest, NamesTheTemporaryDirectory)
     EXPECT_EQ(text(Platform::tempDir()), "/second");
     Platform::setenv(wide(u"TMP"), wide(u"/first"));
     EXPECT_EQ(text(Platform::tempDir()), "/first");
-}
-
-TEST_F(EnvironmentTest, MayRenameThePlatform)
-{
-    EXPECT_EQ(text(Platform::platformName()), "linux");
-    Platform::setenv(wide(u"VANTRY_PLATFORM_NAME"), wide(u"win32"));
-    EXPECT_EQ(text(Platform::platformName()), "win32");
-    EXPECT_EQ(text(Platform::realPlatformName()), "linux");
 }
 
 TEST_F(EnvironmentTest, GivesLocalTimeBothTimes)

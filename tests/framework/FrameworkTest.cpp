@@ -88,17 +88,3 @@ TEST(Counter, CountsByName)
     counter.reset();
     EXPECT_EQ(counter.next(), 0);
 }
-
-TEST(Framework, RandomNumbersUseAll16Bits)
-{
-    unsigned int ones = 0;
-    unsigned int zeros = 0;
-    for (int i = 0; i < 200; ++i)
-    {
-        unsigned short const number = Framework::randomNumber();
-        ones |= number;
-        zeros |= ~static_cast<unsigned int>(number);
-    }
-    EXPECT_EQ(ones, 0xFFFFu);
-    EXPECT_EQ(zeros & 0xFFFF, 0xFFFFu);
-}

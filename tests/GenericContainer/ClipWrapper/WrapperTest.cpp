@@ -166,30 +166,6 @@ TEST(Wrapper, TakesTheBytesOfAClipFromABuffer)
     }
 }
 
-TEST(Wrapper, IndexesClips)
-{
-    MemoryEssence const variable = MemoryEssence::ofSizes({2, 3, 4});
-    MemoryEssence const constant = MemoryEssence::constant(3, 4);
-    for (MemoryEssence const & essence : {variable, constant})
-    {
-        Wrapper wrapper(nullptr, label(), 25, {}, 0);
-        Analyzer const analyzer = make<MemorySound>(essence);
-        wrapper.addAnalyzer(analyzer);
-        auto const source = wrapper.commit();
-        wantIndex(*source, MXFIO::INDEX_AUTOMATIC);
-        PulledContainer const pulled(*source);
-        auto const segments = indexOf(*source);
-        ASSERT_EQ(segments.size(), 1u);
-        UInt64 offset = 0;
-        for (unsigned int i = 0; i < 3; ++i)
-        {
-            EXPECT_EQ(placesOf(*segments[0], i), std::vector<UInt64>{offset});
-            offset += essence.units[i].bytes.size();
-        }
-        EXPECT_EQ(segments[0]->deltaEntryCount(), essence.isCBE ? 0u : 1u);
-    }
-}
-
 TEST(Wrapper, RefusesWhatDoesNotFit)
 {
     MemoryEssence invalid = MemoryEssence::ofSizes({1}), temporal = invalid, faster = invalid;

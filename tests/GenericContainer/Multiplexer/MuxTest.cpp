@@ -296,53 +296,6 @@ TEST(Mux, KeepsTimeBetweenAnalyzersOfDifferentRates)
     }
 }
 
-TEST(Mux, IndexesPicturesInTheOrderInWhichTheyAreShown)
-{
-    // I0 B-2 B-1 P3 B1 B2, stored as I P B B: temporal references 0 3 1 2.
-    MemoryEssence pictures = MemoryEssence::ofSizes({9, 8, 7, 6});
-    pictures.isTemporal = true;
-    unsigned char const flags[] = {0xC0, 0x22, 0x33, 0x33};
-    signed char const references[] = {0, 3, 1, 2};
-    for (std::size_t i = 0; i < 4; ++i)
-    {
-        pictures.units[i].flags = flags[i];
-        pictures.units[i].temporalOffset = references[i];
-    }
-    Container container;
-    container.add<MemoryPictures>(pictures).add<MemorySound>(same(4, 8));
-    auto const source = container.mux.commit();
-    wantIndex(*source, MXFIO::INDEX_AUTOMATIC);
-    PulledContainer const pulled(*source);
-    expectIndexed(*source, pulled, false);
-    auto const segments = indexOf(*source);
-    for (unsigned int i = 0; i < 4; ++i)
-    {
-        IndexTables::IndexEntry const & entry = segments.back()->indexEntry(i);
-        EXPECT_EQ(entry.flags(), flags[i]);
-        EXPECT_EQ(entry.keyFrameOffset(), -static_cast<int>(i));
-    }
-    EXPECT_EQ(segments.back()->deltaEntry(0).posTableIndex(), -1);
-}
-
-TEST(Mux, IndexesEssenceThatStartsBetweenEditUnits)
-{
-    for (bool const isBetween : {false, true})
-    {
-        Container container;
-        container.pictures({9, 9, 9}).add<MemorySound>(same(3, 5), false, {1, isBetween ? 50 : 25});
-        auto const source = container.mux.commit();
-        wantIndex(*source, MXFIO::INDEX_AUTOMATIC);
-        PulledContainer const pulled(*source);
-        auto const segments = indexOf(*source);
-        IndexTables::IndexTableSegment const & segment = *segments.back();
-        EXPECT_EQ(segment.deltaEntry(1).posTableIndex(), isBetween ? 1 : 0);
-        if (isBetween)
-        {
-            EXPECT_EQ(segment.indexEntry(0).posTable(0), Rate(1, 50));
-        }
-    }
-}
-
 TEST(Mux, RefusesWhatDoesNotFit)
 {
     MemoryEssence const valid = MemoryEssence::ofSizes({1});
