@@ -9,25 +9,14 @@
 #include "Metadata/ReferenceElement.h"
 #include "Metadata/SimpleElement.h"
 #include "Metadata/Structural/CDCIEssenceDescriptor.h"
-#include "Metadata/Structural/ContentStorage.h"
-#include "Metadata/Structural/DataDefinitionULs.h"
 #include "Metadata/Structural/EssenceContainerData.h"
-#include "Metadata/Structural/Identification.h"
-#include "Metadata/Structural/MaterialPackage.h"
 #include "Metadata/Structural/MultipleDescriptor.h"
-#include "Metadata/Structural/Preface.h"
-#include "Metadata/Structural/Sequence.h"
-#include "Metadata/Structural/SourceClip.h"
-#include "Metadata/Structural/SourcePackage.h"
 #include "Metadata/Structural/StructuralMetadataULs.h"
-#include "Metadata/Structural/TimecodeComponent.h"
-#include "Metadata/Structural/TimelineTrack.h"
-#include "Metadata/Structural/TrackHelpers.h"
 #include "Metadata/Structural/WAVEAudioEssenceDescriptor.h"
 #include "Metadata/Visitors/NonConstElementVisitor.h"
-#include "Types/Length.h"
-#include "Utils/Text.h"
-#include "support/StructuralMetadata.h"
+#include "OPBuilders/GenericOPBuilder.h"
+#include "support/BuiltMetadata.h"
+#include "support/HeaderMetadata.h"
 
 #include <gtest/gtest.h>
 
@@ -38,125 +27,39 @@ namespace Vantry { namespace Tests { namespace {
 using namespace Metadata;
 using namespace Metadata::Structural;
 using Status = Packs::PartitionPack::PartitionStatus;
-using DataDefinitionULs::audio;
-using DataDefinitionULs::picture;
-using DataDefinitionULs::timecode12MInactive;
 
 Types::Timestamp const NOW = sample<Types::Timestamp>();
 Types::Rational const RATE(25, 1);
-Types::Length const LENGTH(250);
 
 // A material package that plays picture and sound of a source package.
-class Programme
+class Programme : public BuiltMetadata<OPBuilders::GenericOPBuilder>
 {
 public:
-    Programme()
+    Programme() : BuiltMetadata(HeaderMetadata::dictionary(), nullptr, false, false)
     {
-        fillIdentification(metadata.make<Identification>());
-        fillPackage(material, 1);
-        fillPackage(source, 2);
-        addTracks();
-        addDescriptors();
-        fillStorage();
-        fillPreface();
-    }
+        SourcePackage & source = addSource("ps", 250);
+        source.packageCreationDate(&NOW);
+        source.packageModifiedDate(&NOW);
+        source.descriptor(&descriptorsWith(*source.descriptor()));
 
-    Status status(bool closable = true) { return verifyPartitionMetadataStatus(*metadata, closable); }
-
-    StructuralMetadata metadata;
-    Preface & preface = metadata.make<Preface>();
-    ContentStorage & storage = metadata.make<ContentStorage>();
-    MaterialPackage & material = metadata.make<MaterialPackage>();
-    SourcePackage & source = metadata.make<SourcePackage>();
-
-private:
-    void fillIdentification(Identification & identification)
-    {
-        auto const uid = sample<Types::UUID>();
-        Types::UTF16String const name(Utils::stringToWstring("Name").c_str());
-        identification.thisGenerationUID(&uid);
-        identification.companyName(&name);
-        identification.productName(&name);
-        identification.versionString(&name);
-        identification.productUID(&uid);
-        identification.modifiedDate(&NOW);
-        preface.addIdentification(0, &identification);
-    }
-
-    void fillPreface()
-    {
-        auto const version = sample<Types::VersionType>();
-        auto const label = sample<Types::UniversalLabel>();
-        preface.lastModifiedDate(&NOW);
-        preface.version(&version);
-        preface.operationalPattern(&label);
-        preface.contentStorage(&storage);
-        preface.appendEssenceContainer(label);
-        preface.appendDmScheme(label);
-        preface.removeDmScheme(0);
-    }
-
-    void fillStorage()
-    {
         Types::UInt32 const bodySID(1);
-        EssenceContainerData & container = metadata.make<EssenceContainerData>();
+        auto & container = make<EssenceContainerData>(StructuralMetadataKeys::essenceContainerData());
         container.linkedPackage(&source);
         container.bodySID(&bodySID);
-        storage.appendPackage(&material);
-        storage.appendPackage(&source);
         storage.appendEssenceContainerData(&container);
+        addMaterial("A1 A2");
+        builder.update();
     }
 
-    void fillPackage(GenericPackage & package, unsigned char number)
-    {
-        auto const umid = sample<Types::UMID32>(number);
-        package.packageUID(&umid);
-        package.packageCreationDate(&NOW);
-        package.packageModifiedDate(&NOW);
-    }
+    Status status(bool closable = true) { return verifyPartitionMetadataStatus(metadata, closable); }
 
-    void addTracks()
+private:
+    MultipleDescriptor & descriptorsWith(GenericDescriptor & soundDescriptor)
     {
-        for (GenericPackage * package :
-             {static_cast<GenericPackage *>(&material), static_cast<GenericPackage *>(&source)})
-        {
-            addTimecode(*track(*package, timecode12MInactive(), 1).sequence());
-            for (unsigned int id : {2, 3})
-            {
-                Types::UniversalLabel const & kind = id == 2 ? picture() : audio();
-                SourceClip & clip = *addSourceClip(*metadata, track(*package, kind, id).sequence(), kind, 0, LENGTH);
-                // The source package's own clips end the chain.
-                Types::UInt32 const sourceTrack(id);
-                if (package == &material)
-                    clip.sourcePackage(&source), clip.sourceTrackID(&sourceTrack);
-            }
-        }
-    }
-
-    TimelineTrack & track(GenericPackage & package, Types::UniversalLabel const & kind, unsigned int id)
-    {
-        return *createTimelineTrack(*metadata, package, kind, id, id, 0, RATE, LENGTH);
-    }
-
-    void addTimecode(Sequence & sequence)
-    {
-        TimecodeComponent & timecode = metadata.make<TimecodeComponent>();
-        Types::UInt16 const base(25);
-        Types::Position const start(0);
-        Types::Boolean const drop(false);
-        timecode.dataDefinition(&timecode12MInactive());
-        timecode.duration(&LENGTH);
-        timecode.roundedTimecodeBase(&base);
-        timecode.startTimecode(&start);
-        timecode.dropFrame(&drop);
-        sequence.addStructuralComponent(0, &timecode);
-    }
-
-    void addDescriptors()
-    {
-        MultipleDescriptor & all = metadata.make<MultipleDescriptor>();
-        CDCIEssenceDescriptor & image = metadata.make<CDCIEssenceDescriptor>();
-        WAVEAudioEssenceDescriptor & sound = metadata.make<WAVEAudioEssenceDescriptor>();
+        using namespace StructuralMetadataKeys;
+        auto & all = make<MultipleDescriptor>(multipleDescriptor());
+        auto & image = make<CDCIEssenceDescriptor>(cdciEssenceDescriptor());
+        auto & sound = dynamic_cast<WAVEAudioEssenceDescriptor &>(soundDescriptor);
         fillFile(all);
         fillFile(image);
         fillFile(sound);
@@ -164,7 +67,7 @@ private:
         fillSound(sound);
         all.addSubDescriptor(0, &image);
         all.addSubDescriptor(1, &sound);
-        source.descriptor(&all);
+        return all;
     }
 
     static void fillFile(FileDescriptor & descriptor)
@@ -254,7 +157,7 @@ TEST(Status, FollowsWhatIsThere)
         SCOPED_TRACE(c.name);
         Programme programme;
         for (Types::UniversalLabel const & label : c.gone)
-            takeAway(*programme.metadata, label);
+            takeAway(programme.metadata, label);
         EXPECT_EQ(programme.status(), c.status);
         bool const complete = c.status == Status::OPEN_COMPLETE || c.status == Status::CLOSED_COMPLETE;
         EXPECT_EQ(programme.status(false), complete ? Status::OPEN_COMPLETE : Status::OPEN_INCOMPLETE);
@@ -277,7 +180,7 @@ TEST(Status, IsIncompleteWhereAValueIsNotKnown)
     for (auto const & change : CASES)
     {
         Programme programme;
-        auto & all = dynamic_cast<MultipleDescriptor &>(*programme.source.descriptor());
+        auto & all = dynamic_cast<MultipleDescriptor &>(*programme.sources[0]->descriptor());
         change(dynamic_cast<CDCIEssenceDescriptor &>(*all.subDescriptor(0)));
         EXPECT_EQ(programme.status(), Status::CLOSED_INCOMPLETE);
     }
