@@ -2,7 +2,6 @@
 // durations at the end.
 
 #include "DataIO/Chain.h"
-#include "GenericContainer/ClipWrapper/Wrapper.h"
 #include "GenericContainer/Multiplexer/Mux.h"
 #include "MXFIO/FutureUpdater.h"
 #include "Metadata/Structural/Sequence.h"
@@ -108,24 +107,6 @@ TEST(ContainerMetadata, TimeCodeFollowsTheFirstAnalyzer)
     pullAll(*source);
     EXPECT_EQ(tracksOf(header.package()),
               (std::vector<std::string>{"256 352387328 0 4: 4", "512 369164544 0 4: 4", "0 0 0 4: 3 1"}));
-}
-
-TEST(ContainerMetadata, ClipsHaveTracksToo)
-{
-    for (bool const withTimecode : {true, false})
-    {
-        Header header;
-        ClipWrapper::Wrapper wrapper(header.shared(), label(), 25, {}, 0);
-        wrapper.generateTimecodeTrack(withTimecode);
-        Analyzer const picture(new MemoryPictures(timed({50, 51, 52})));
-        wrapper.addAnalyzer(picture);
-        auto const source = wrapper.commit();
-        pullAll(*source);
-        std::vector<std::string> expected = {"256 352387328 0 3: 3"};
-        if (withTimecode)
-            expected.push_back("0 0 0 3: 3");
-        EXPECT_EQ(tracksOf(header.package()), expected);
-    }
 }
 
 template <class Class>

@@ -1,4 +1,3 @@
-#include "Platform/Clock.h"
 #include "Platform/Environment.h"
 #include "Platform/Time.h"
 
@@ -107,14 +106,4 @@ TEST_F(EnvironmentTest, GivesLocalTimeBothTimes)
             EXPECT_TRUE(time.milliseconds >= 0 && time.milliseconds < 1000);
         }
     }
-}
-
-TEST(System, HasAClockThatCanBeReplaced)
-{
-    UInt64 const start = Platform::monotonicMilliseconds();
-    Platform::replaceMonotonicClock([]() -> UInt64 { return 5000; });
-    EXPECT_EQ(Platform::monotonicMilliseconds(), 5000u);
-    Platform::replaceMonotonicClock(nullptr);
-    UInt64 const end = Platform::monotonicMilliseconds();
-    EXPECT_TRUE(start <= end && end - start < 60000);
 }

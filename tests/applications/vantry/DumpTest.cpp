@@ -1,4 +1,3 @@
-#include "support/FFmpeg.h"
 #include "support/Samples.h"
 #include "support/VantryProgram.h"
 
@@ -207,18 +206,6 @@ TEST(Dump, TellsWhatIsInPacks)
     EXPECT_EQ(Json::parse(line)["entries"].dump(), R"([{"body_sid":0,"offset":0},{"body_sid":1,"offset":1000}])");
     std::getline(lines, line);
     EXPECT_EQ(Json::parse(line).size(), 5u) << line;
-}
-
-TEST(Dump, AgreesWithAnIndependentWalkOverFilesOfFfmpeg)
-{
-    VANTRY_NEEDS_FFMPEG();
-    ScratchFolder const scratch;
-    for (std::string const & kind : ffmpegKinds())
-    {
-        Bytes const file = FFmpegFile(kind).content();
-        check(scratch, kind, file);
-        checkDamaged(scratch, kind, file);
-    }
 }
 
 TEST(Dump, HoldsItsGroundOnWhatNobodyWouldWrite)
