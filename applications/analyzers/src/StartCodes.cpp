@@ -34,9 +34,9 @@ StartCodes::StartCodes(DataIO::SliceReader & reader) :
 {
 }
 
-bool StartCodes::find(DataIO::Chain & passed)
+bool StartCodes::find(UInt64 limit, DataIO::Chain & passed)
 {
-    while (!reader_.endOfStream())
+    while (!reader_.endOfStream() && reader_.absoluteOffset() < limit)
         if (findInSlice(passed))
             return true;
     return false;

@@ -18,7 +18,9 @@ public:
 
     /// Moves what lies ahead of the next start code to `passed` and leaves
     /// the reader there; false at the end of the stream.
-    bool find(DataIO::Chain & passed);
+    ///
+    /// \param limit  where in the stream no more is looked for
+    bool find(UInt64 limit, DataIO::Chain & passed);
 
     /// The value of the start code that was found.
     unsigned char value() const noexcept { return value_; }

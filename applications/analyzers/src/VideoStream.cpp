@@ -13,6 +13,10 @@ namespace {
 unsigned int const SEQUENCE_HEADER_WORD = 0xB3010000;
 unsigned int const WHOLE_WORD = 0xFFFFFFFF;
 
+// Ten times what the highest level allows. What doesn't end by then is no
+// video, and isn't to fill the memory.
+UInt64 const LARGEST_FRAME = 20 << 20;
+
 std::string hexOf(unsigned char value)
 {
     static char const DIGITS[] = "0123456789ABCDEF";
@@ -35,7 +39,7 @@ bool VideoStream::next(CodedFrame & frame)
 {
     frame.offset = reader_.absoluteOffset();
     picture_.reset();
-    while (isAtCode_ || codes_.find(frame.data))
+    while (isAtCode_ || codes_.find(frame.offset + LARGEST_FRAME, frame.data))
     {
         isAtCode_ = isNextFrame(frame);
         if (isAtCode_)
@@ -46,6 +50,8 @@ bool VideoStream::next(CodedFrame & frame)
         takeHeader(frame);
         reader_.read(StartCodes::SIZE, frame.data);
     }
+    if (!reader_.endOfStream())
+        fail("frame of more than 20 MiB", frame.offset);
     if (frame.pictures == 0)
         return false;
     checkComplete(frame);

@@ -113,6 +113,7 @@ TEST_F(MPEG2VideoAnalyzerTest, TellsWhereAStreamIsDamaged)
         {"picture without slices", picture(2, 1).first(17)},
         {"picture without coding extension", hex("00000100 0053FFF8") + SLICE},
         {"field without a second one", picture(2, 1, 1)},
+        {"frame of more than 20 MiB", picture(2, 1) + repeated(21 << 20, 0xFF)},
     };
     for (auto const & [fault, bytes] : cases)
     {
