@@ -18,6 +18,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <stdexcept>
 
 using namespace Vantry;
 
@@ -81,10 +82,7 @@ void updatePartitions(MXFIO::Creator & creator, DataIO::RandomAccessDataSink & s
     {
         sink.seek(partition.first);
         if (!creator.updatePartition(partition.first, true))
-        {
-            std::fprintf(stderr, "the metadata have outgrown their room\n");
-            std::exit(1);
-        }
+            throw std::runtime_error("the metadata have outgrown their room");
     }
 }
 
@@ -134,6 +132,10 @@ int main(int argc, char ** argv)
     catch (Exceptions::BaseException const & failure)
     {
         std::fprintf(stderr, "%s\n", Platform::wstringToString(failure.what()).c_str());
-        return 1;
     }
+    catch (std::runtime_error const & failure)
+    {
+        std::fprintf(stderr, "%s\n", failure.what());
+    }
+    return 1;
 }
