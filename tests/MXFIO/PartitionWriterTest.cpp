@@ -15,13 +15,6 @@ using namespace Tests;
 using Packs::PartitionPack;
 using Templates::auto_ptr;
 
-auto_ptr<PartitionWriter> writerOf(EssenceMetadata & header, EssencePlanPtr const & plan, bool indexOnly = false,
-                                   IndexTableGeneration during = INDEX_REPEATED)
-{
-    return auto_ptr<PartitionWriter>(
-        new PartitionWriter(header.source(plan), 1, 2, during, INDEX_NONE, indexOnly, INDEX_AUTOMATIC));
-}
-
 TEST(PartitionWriter, MakesRoomForMetadata)
 {
     EssenceMetadata header;
@@ -67,13 +60,13 @@ TEST(PartitionWriter, GivesASourceUpThatNeverEnds)
     EssenceMetadata header;
     auto const plan = std::make_shared<EssencePlan>();
     plan->emptyAnswers = ~0u - 1;
-    auto const writer = writerOf(header, plan);
+    PartitionWriter writer(header.source(plan), 1, 2, INDEX_REPEATED, INDEX_NONE, false, INDEX_AUTOMATIC);
     DataIO::Chain chain;
     bool complete = false;
     Templates::SharedPtr<FutureUpdater> updater;
     Templates::Rational<Int64> duration;
     EXPECT_FAILURE(InvalidState, "source_ -> done (): GenericContainer::Source gives no data and does not end.",
-                   writer->writeData(chain, complete, updater, duration));
+                   writer.writeData(chain, complete, updater, duration));
 
     auto source = header.source(plan);
     source->indexTableGenerator(auto_ptr<IndexTableGenerator>());
