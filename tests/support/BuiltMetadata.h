@@ -26,13 +26,6 @@
 
 namespace Vantry { namespace Tests {
 
-/// One dictionary in which all attributes are optional.
-inline StructuralMetadata::Dictionary const & sharedLenientDictionary()
-{
-    static auto const lenient = lenientDictionary();
-    return lenient;
-}
-
 /// The metadata of a builder of an operational pattern, with source packages
 /// as essence containers make them. `Builder` takes the arguments that follow
 /// the date.

@@ -53,7 +53,7 @@ class ContainerFacts
 {
 public:
     explicit ContainerFacts(std::vector<TrackFacts> const & tracks, char const * label = FRAME_WRAPPED) :
-        metadata(dictionary()),
+        metadata(sharedLenientDictionary()),
         package(metadata.make<Metadata::Structural::SourcePackage>()),
         data(metadata.make<Metadata::Structural::EssenceContainerData>())
     {
@@ -74,14 +74,6 @@ public:
                                 track.number, track.origin, track.rate, track.duration);
     }
 
-private:
-    static StructuralMetadata::Dictionary const & dictionary()
-    {
-        static auto const lenient = lenientDictionary();
-        return lenient;
-    }
-
-public:
     StructuralMetadata metadata;
     Metadata::Structural::SourcePackage & package;
     Metadata::Structural::EssenceContainerData & data;

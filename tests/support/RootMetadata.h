@@ -12,7 +12,7 @@ namespace Vantry { namespace Tests {
 struct RootMetadata
 {
     RootMetadata() :
-        metadata(dictionary()),
+        metadata(sharedLenientDictionary()),
         preface(metadata.make<Metadata::Structural::Preface>()),
         storage(metadata.make<Metadata::Structural::ContentStorage>())
     {
@@ -28,13 +28,6 @@ struct RootMetadata
     StructuralMetadata metadata;
     Metadata::Structural::Preface & preface;
     Metadata::Structural::ContentStorage & storage;
-
-private:
-    static StructuralMetadata::Dictionary const & dictionary()
-    {
-        static auto const lenient = lenientDictionary();
-        return lenient;
-    }
 };
 
 }}

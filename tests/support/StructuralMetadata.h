@@ -94,6 +94,13 @@ inline Templates::SharedPtr<MetaMetadata::Dictionary> lenientDictionary()
     return makeDictionary(tables);
 }
 
+/// The same one for all who ask.
+inline Templates::SharedPtr<MetaMetadata::Dictionary> const & sharedLenientDictionary()
+{
+    static auto const lenient = lenientDictionary();
+    return lenient;
+}
+
 /// A partition of structural metadata.
 class StructuralMetadata
 {
