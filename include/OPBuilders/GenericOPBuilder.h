@@ -107,7 +107,8 @@ public:
     ///
     /// \throws Exceptions::InvalidFormat when a source package isn't complete,
     ///         or a source track consists of other parts than source clips.
-    /// \throws Exceptions::InvalidValue for durations that 64 bits don't hold.
+    /// \throws Exceptions::InvalidValue for durations that 64 bits don't hold,
+    ///         and for an edit rate with a denominator of 0.
     void update();
 
 private:

@@ -35,8 +35,8 @@ public:
     /// \param origin  of the new tracks
     /// \param package lent, as in TrackProxy
     /// \return the new tracks, in the order of the package
-    /// \throws Exceptions::InvalidFormat as TrackProxy::addClip; the tracks up
-    ///         to then are there.
+    /// \throws Exceptions::InvalidFormat, Exceptions::InvalidValue as
+    ///         TrackProxy::addClip; the tracks up to then are there.
     virtual Templates::list<TrackProxy *> addSourcePackage(Int64 origin,
                                                            Metadata::Structural::GenericPackage & package) = 0;
 

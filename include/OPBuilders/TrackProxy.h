@@ -29,7 +29,7 @@ public:
     ///
     /// \param start   where it begins, in edit units of the material track
     /// \param length  how long it is, in edit units of the material track
-    /// \throws Exceptions::InvalidFormat as `addClip`.
+    /// \throws Exceptions::InvalidFormat, Exceptions::InvalidValue as `addClip`.
     virtual void addSubClip(Metadata::Structural::SourcePackage & package, Metadata::Structural::Track & track,
                             Int64 start, Int64 length) = 0;
 
@@ -39,6 +39,8 @@ public:
     /// \throws Exceptions::InvalidFormat for a track that isn't a timeline
     ///         track with edit rate and data definition, or that has another
     ///         data definition than those before; nothing is added.
+    /// \throws Exceptions::InvalidValue for an edit rate with a denominator of
+    ///         0, when the material track takes it; nothing is added.
     virtual void addClip(Metadata::Structural::SourcePackage & package, Metadata::Structural::Track & track) = 0;
 
     /// The set of the track; it belongs to the metadata.
