@@ -3,8 +3,12 @@
 #include "Exceptions/InvalidValue.h"
 #include "GenericContainer/GenericContainerIndexTableGenerator.h"
 #include "IndexTables/IndexEntry.h"
-#include "support/Bytes.h"
+#include "IndexTables/IndexTableSegment.h"
+#include "KLV/KeyPredicates.h"
+#include "support/BytesPacket.h"
+#include "support/FFmpeg.h"
 #include "support/Failure.h"
+#include "support/FileBytes.h"
 
 #include <gtest/gtest.h>
 
@@ -147,6 +151,63 @@ TEST(IndexEntryBuilder, FindsShownPicturesAndKeyFrames)
         }
 }
 
+// The pictures of an MPEG-2 stream in an MXF file of ffmpeg, by their headers
+// (ISO 13818-2, 6.2.2.6 and 6.2.3).
+void addPictures(Bytes const & essence, std::vector<Picture> & pictures)
+{
+    static unsigned char const GROUP_HEADER = 0xB8, PICTURE_HEADER = 0x00;
+    bool isOpen = false;
+    for (std::size_t i = 0; i + 8 <= essence.size(); ++i)
+    {
+        if (essence[i] != 0 || essence[i + 1] != 0 || essence[i + 2] != 1)
+            continue;
+        unsigned char const * const header = &essence[i + 4];
+        if (essence[i + 3] == GROUP_HEADER)
+            isOpen = (header[3] & 0x40) == 0;
+        if (essence[i + 3] == PICTURE_HEADER)
+            pictures.push_back({" IPB"[header[1] >> 3 & 7], isOpen, 0, header[0] << 2 | header[1] >> 6, 0});
+    }
+}
+
+TEST(IndexEntryBuilder, AgreesWithFFmpeg)
+{
+    VANTRY_NEEDS_FFMPEG();
+
+    for (char const * groups : {"-g 12 -bf 2", "-g 12 -bf 2 -flags +cgop -sc_threshold 1000000000", "-g 9 -bf 1",
+                                "-g 1", "-g 15 -bf 0", "-g 200 -bf 3 -b_strategy 1 -sc_threshold -1000"})
+    {
+        SCOPED_TRACE(groups);
+        Tests::FFmpegFile const file(std::string("-f lavfi -i testsrc2=s=160x120:r=25:d=2 -c:v mpeg2video ") + groups +
+                                     " -f mxf");
+        std::vector<Picture> pictures;
+        std::vector<IndexEntry> theirs;
+        Tests::BytesSource source(Tests::readFile(file.path()));
+        KLV::Reader reader(source);
+        for (UInt64 skipped = 0; !source.endOfStream();)
+        {
+            auto const packet = reader.nextKLV(skipped, 0);
+            if (KLV::isIndexTableKlvSegment(packet->key()))
+            {
+                IndexTables::IndexTableSegment const segment(*packet, nullptr);
+                for (unsigned int i = 0; i < segment.indexEntryCount(); ++i)
+                    theirs.push_back(segment.indexEntry(i));
+            }
+            else if (KLV::isEssence(packet->key()))
+            {
+                Bytes essence(packet->value().remaining());
+                packet->value().read(essence.data(), essence.size());
+                addPictures(essence, pictures);
+            }
+        }
+
+        std::vector<IndexEntry> const ours = indexOf(pictures, 0);
+        ASSERT_EQ(ours.size(), 50u);
+        ASSERT_EQ(theirs.size(), ours.size());
+        for (std::size_t i = 0; i < ours.size(); ++i)
+            EXPECT_EQ(ours[i].temporalOffset(), theirs[i].temporalOffset()) << i << pictures[i].kind;
+    }
+}
+
 // Sound of 1920 samples at 48 kHz beside pictures at 29.97 Hz.
 TEST(IndexEntryBuilder, TellsTheFirstSampleOfAnElement)
 {
@@ -186,6 +247,22 @@ TEST(IndexEntryBuilder, TellsTheFirstSampleOfAnElement)
             InvalidValue, "Type size exceeded",
             builder.processIndexEntryTemporalOffset(1, true, Seconds(1, Int64(1) << 40), position, target, rate));
     }
+}
+
+TEST(IndexEntryBuilder, FollowsItsGenerator)
+{
+    Entries first, second;
+    IndexEntryBuilder builder;
+    for (Entries * generator : {static_cast<Entries *>(nullptr), &first, &second})
+    {
+        builder.prepareNewEntry(0);
+        builder.indexTableGenerator(generator);
+        builder.appendIndexEntry(); // prepared for another
+        builder.prepareNewEntry(1);
+        builder.appendIndexEntry();
+    }
+    EXPECT_EQ(first.entries.size(), 1u);
+    EXPECT_EQ(second.entries.size(), 1u);
 }
 
 }}}

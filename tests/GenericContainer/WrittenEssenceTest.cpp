@@ -167,4 +167,16 @@ TEST(WrittenEssence, IsReadBack)
     }
 }
 
+TEST(WrittenEssence, IsTheSameEachTime)
+{
+    Plan const plan = {"", false, false, 512, 0, 5, MXFIO::INDEX_FOLLOWING};
+    std::vector<Bytes> files;
+    for (int i = 0; i < 2; ++i)
+    {
+        Utils::Test::DeterministicScope const scope;
+        files.push_back(Writing(plan).bytes());
+    }
+    EXPECT_EQ(files[0], files[1]);
+}
+
 }}}

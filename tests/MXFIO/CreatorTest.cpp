@@ -6,6 +6,7 @@
 #include "support/BytesFile.h"
 #include "support/Failure.h"
 #include "support/MemorySources.h"
+#include "support/OpenFile.h"
 #include "support/WrittenFile.h"
 
 #include <gtest/gtest.h>
@@ -296,6 +297,34 @@ TEST(Creator, IsExactWithAnySettings)
     }
 }
 
+// A lie about any place or size shows: what finds none above could.
+TEST(Creator, WrittenFileSeesWhatIsWrong)
+{
+    FilePlan plan{sourcesOf("10v"), INDEX_FOLLOWING, INDEX_FOLLOWING};
+    plan.sources.front().kagSize = 256;
+    plan.settings = "units=4";
+    Making making(plan);
+    making.write();
+    Bytes const bytes = making.finish();
+
+    // Last bytes of the fields of a pack, and of the random index pack.
+    UInt64 const FIELDS[] = {13, 21, 23, 27, 35, 43, 51, 59, 67, 71, 79, 83};
+    UInt64 const KAG_SIZE = 27;
+    std::vector<UInt64> places = {bytes.size() - 1, bytes.size() - 5, bytes.size() - 13};
+    FileOf const written(bytes);
+    for (WrittenFile::Part const & part : written.file.parts())
+        for (UInt64 const field : FIELDS)
+            if (field != KAG_SIZE || part.pack.kagSize() > 1)
+                places.push_back(part.offset + field);
+    EXPECT_GT(places.size(), 50u);
+    for (UInt64 const place : places)
+    {
+        Bytes lying = bytes;
+        lying[place] ^= 1;
+        EXPECT_NE(FileOf(lying)->faults(), Faults()) << place;
+    }
+}
+
 TEST(Creator, ReadsExternalEssenceAndDropsIt)
 {
     Making making(FilePlan{{}});
@@ -378,6 +407,33 @@ TEST(Creator, LeavesNothingBehindWhenTheSinkFails)
         EXPECT_EQ(FirstBytePatch::blocks().alive(), 0) << plan.goodWrites;
     }
     EXPECT_GT(plan.goodWrites, 20u);
+}
+
+TEST(Creator, EveryPrefixOpens)
+{
+    FilePlan plan{sourcesOf("10v 6s"), INDEX_FOLLOWING, INDEX_FOLLOWING};
+    plan.settings = "units=4 turn=1";
+    Making making(plan);
+    Bytes const bytes = making.write();
+    FileOf const written(bytes);
+    std::vector<WrittenFile::Part> const & parts = written.file.parts();
+    ASSERT_GT(parts.size(), 3u);
+
+    for (UInt64 size = parts[1].offset + parts[1].packBytes; size <= bytes.size(); size += 31)
+    {
+        SCOPED_TRACE(size);
+        OpenFile prefix(bytes.first(size));
+        Partition * const header = prefix.reader.headerPartition();
+        ASSERT_NE(header, nullptr);
+        EXPECT_GE(header->metadata()->size(), 4u);
+
+        auto const isWhole = [&](WrittenFile::Part const & part)
+        {
+            return part.offset + part.packBytes <= size;
+        };
+        EXPECT_EQ(offsetsForward(prefix.reader).size(),
+                  static_cast<std::size_t>(std::count_if(parts.begin(), parts.end(), isWhole)));
+    }
 }
 
 TEST(Creator, WritesMetadataAnewWhereTheyFit)

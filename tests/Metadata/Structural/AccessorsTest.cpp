@@ -9,23 +9,26 @@
 #include "Metadata/Structural/DMSegment.h"
 #include "Metadata/Structural/DMSourceClip.h"
 #include "Metadata/Structural/EssenceContainerData.h"
+#include "Metadata/Structural/EventTrack.h"
 #include "Metadata/Structural/FileDescriptor.h"
 #include "Metadata/Structural/GenericDataEssenceDescriptor.h"
 #include "Metadata/Structural/GenericPictureEssenceDescriptor.h"
 #include "Metadata/Structural/GenericSoundEssenceDescriptor.h"
 #include "Metadata/Structural/Identification.h"
 #include "Metadata/Structural/JPEG2000PictureSubDescriptor.h"
-#include "Metadata/Structural/Locator.h"
 #include "Metadata/Structural/MPEG2VideoDescriptor.h"
 #include "Metadata/Structural/MPEGAudioDescriptor.h"
 #include "Metadata/Structural/MaterialPackage.h"
 #include "Metadata/Structural/MultipleDescriptor.h"
+#include "Metadata/Structural/NetworkLocator.h"
 #include "Metadata/Structural/Preface.h"
 #include "Metadata/Structural/RGBAEssenceDescriptor.h"
+#include "Metadata/Structural/SMPTE331MTimeDateItemDescriptor.h"
 #include "Metadata/Structural/Sequence.h"
 #include "Metadata/Structural/SourceClip.h"
 #include "Metadata/Structural/SourcePackage.h"
 #include "Metadata/Structural/StaticTrack.h"
+#include "Metadata/Structural/TextLocator.h"
 #include "Metadata/Structural/TimecodeComponent.h"
 #include "Metadata/Structural/TimelineTrack.h"
 #include "Metadata/Structural/UnknownChunkSet.h"
@@ -273,6 +276,38 @@ TEST(StructuralAccessors, EachReachesItsAttribute)
         SCOPED_TRACE(row.name);
         row.check(metadata);
     }
+    EXPECT_EQ(std::size(ROWS), 183u);
+}
+
+TEST(StructuralAccessors, FollowIdentifiersOfPackagesAndTracks)
+{
+    StructuralMetadata metadata;
+    Types::UMID32 const umid = sample<Types::UMID32>();
+    GenericPackage & package = metadata.make<GenericPackage>();
+    SourceClip & clip = metadata.make<SourceClip>();
+    EssenceContainerData & container = metadata.make<EssenceContainerData>();
+    ContentStorage & storage = metadata.make<ContentStorage>();
+
+    package.packageUID(&umid);
+    clip.sourcePackage(&package);
+    container.linkedPackage(&package);
+    EXPECT_EQ(*clip.sourcePackageUID(), umid);
+    EXPECT_EQ(clip.sourcePackage(), &package);
+    EXPECT_EQ(container.linkedPackage(), &package);
+    EXPECT_EQ(storage.package(umid), &package);
+    EXPECT_EQ(storage.essenceContainerData(umid), &container);
+
+    Track & anonymous = metadata.make<Track>();
+    Track & second = metadata.make<Track>();
+    Types::UInt32 const number = 2;
+    second.trackID(&number);
+    package.addTrack(0, &anonymous);
+    package.addTrack(1, &second);
+    EXPECT_EQ(package.track(number), &second);
+    EXPECT_EQ(package.track(Types::UInt32(1)), nullptr);
+
+    clip.sourceTrack(&second);
+    EXPECT_EQ(*clip.sourceTrack(), number);
 }
 
 template <class Set>

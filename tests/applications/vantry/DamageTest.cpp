@@ -107,6 +107,7 @@ public:
     {
         target = folder_ / "essence";
     }
+    void files(std::vector<std::string> &, char const *, char const *) override {}
     void flag(char const *, bool &, char const *) override {}
     void text(char const *, std::string &, char const *, char const *) override {}
     void number(char const *, std::optional<UInt64> &, char const *, char const *) override {}

@@ -262,8 +262,10 @@ TEST_F(WrapTest, SaysWhatItWasTold)
     EXPECT_EQ(info["partitions"][1]["kag_size"], 2048);
     for (Json const & package : info["packages"])
         for (Json const & track : package["tracks"])
-            if (track["kind"] == "timecode")
-                EXPECT_EQ(track["start_timecode"], "01:00:59;29");
+        {
+            Json const expected = track["kind"] == "timecode" ? Json("01:00:59;29") : track["start_timecode"];
+            EXPECT_EQ(track["start_timecode"], expected);
+        }
     EXPECT_EQ(material["tracks"][0]["id"], 1);
     EXPECT_EQ(material["tracks"][1]["kind"], "picture");
 
