@@ -21,7 +21,7 @@ class StreamOutput : public EssenceOutput
 {
 public:
     StreamOutput(fs::path const & path, bool force) :
-        delivery_(std::make_unique<Delivery>(path, force)), file_(delivery_->draft())
+        delivery_(std::make_unique<Delivery>(path, force)), file_(delivery_->draft(), path)
     {
     }
 
@@ -117,7 +117,7 @@ public:
     void append(unsigned char const * bytes, std::size_t size) override
     {
         if (!picture_)
-            picture_ = std::make_unique<GatheringFile>(delivery_.draft() / fmt::format("{:08}{}", number_, EXTENSION));
+            openPicture(fmt::format("{:08}{}", number_, EXTENSION));
         picture_->append(bytes, size);
     }
 
@@ -153,6 +153,11 @@ private:
             if (entry.path().extension() != EXTENSION)
                 throw Failure(ExitStatus::FAILED, folder.string(),
                               "isn't replaced, for it holds " + entry.path().filename().string());
+    }
+
+    void openPicture(std::string const & name)
+    {
+        picture_ = std::make_unique<GatheringFile>(delivery_.draft() / name, delivery_.target() / name);
     }
 
     Delivery delivery_;

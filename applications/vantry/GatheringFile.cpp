@@ -33,8 +33,8 @@ std::size_t takeOff(std::vector<iovec> & pieces, std::size_t first, std::size_t 
 
 }
 
-GatheringFile::GatheringFile(std::filesystem::path const & path) :
-    name_(path.string()),
+GatheringFile::GatheringFile(std::filesystem::path const & path, std::filesystem::path const & name) :
+    name_(name.string()),
     file_(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666)),
     size_(0),
     small_(SMALL_ROOM),

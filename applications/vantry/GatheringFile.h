@@ -16,9 +16,10 @@ class GatheringFile
 public:
     /// Makes a file that isn't there yet.
     ///
+    /// \param name  what failures call it: while it is a draft, its name to be
     /// \throws Failure when it can't be made, as those below when it can't be
     ///         written.
-    explicit GatheringFile(std::filesystem::path const & path);
+    GatheringFile(std::filesystem::path const & path, std::filesystem::path const & name);
 
     /// Writes to standard output.
     GatheringFile();

@@ -12,9 +12,14 @@ namespace Vantry { namespace Application {
 class MXFFileSink : public DataIO::RandomAccessDataSink
 {
 public:
+    /// \param draft  where to make the file
+    /// \param name   what failures call it
     /// \throws Failure when the file can't be made, as those below when it
     ///         can't be written.
-    explicit MXFFileSink(std::filesystem::path const & path) : file_(path), position_(0), held_(0) {}
+    MXFFileSink(std::filesystem::path const & draft, std::filesystem::path const & name) :
+        file_(draft, name), position_(0), held_(0)
+    {
+    }
 
     /// Appends a unit and leaves nothing of it.
     void append(DataIO::Chain & unit);

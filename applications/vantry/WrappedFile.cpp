@@ -70,7 +70,7 @@ WrappedFile::WrappedFile(WrapSettings const & settings, PatternBuilder::Dictiona
     rate_(rate),
     inputs_(std::move(inputs)),
     delivery_(target, force),
-    sink_(delivery_.draft()),
+    sink_(delivery_.draft(), target),
     date_(dateOfNow(settings.isDeterministic)),
     builder_(makeBuilder(settings, dictionary, date_)),
     material_(nullptr),
