@@ -139,7 +139,7 @@ void VideoStream::checkFormat()
         return;
 
     if (!header_->hasExtension)
-        failHere("no sequence extension ahead of a picture, as in MPEG-1 video,");
+        failHere("picture without a sequence extension ahead of it, as in MPEG-1 video,");
     if (header_->width == 0 || header_->height == 0 || header_->chromaFormat == 0 || !header_->frameRate())
         failHere("picture of no size, chroma format or frame rate that there is");
     if (!format_)

@@ -130,9 +130,10 @@ TEST_F(MPEG2VideoAnalyzerTest, TellsWhereAStreamIsDamaged)
         ("MPEG-2 video has a picture of another size, chroma format or frame rate than the first at byte " + second)
             .c_str(),
         unitsOf(analyze(first + otherSize + picture(1, 0))));
-    EXPECT_FAILURE(InvalidFormat,
-                   "MPEG-2 video has a no sequence extension ahead of a picture, as in MPEG-1 video, at byte 12",
-                   analyze(SEQUENCE.first(12) + picture(1, 0)));
+    EXPECT_FAILURE(
+        InvalidFormat,
+        "MPEG-2 video has a picture without a sequence extension ahead of it, as in MPEG-1 video, at byte 12",
+        analyze(SEQUENCE.first(12) + picture(1, 0)));
     EXPECT_FAILURE(InvalidFormat,
                    ("MPEG-2 video has a predicted picture at byte " + std::to_string(first.size() + 3 * 25) +
                     " after a beginning of intra pictures alone")
