@@ -237,7 +237,7 @@ ExitStatus Program::runCommand(Command & command, CommonOptions const & common, 
     catch (Exceptions::BaseException const & failure)
     {
         ExitStatus const status = output.anyText() ? ExitStatus::DAMAGED_INPUT : ExitStatus::FAILED;
-        return end(Failure(status, command.fileInHand(), narrow(failure.message())), output);
+        return end(Failure(status, command.fileInHand(), problemOf(failure)), output);
     }
     catch (std::exception const & failure)
     {

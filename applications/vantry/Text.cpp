@@ -1,5 +1,6 @@
 #include "Text.h"
 
+#include "Exceptions/BaseException.h"
 #include "Platform/Text.h"
 #include "Types/UID.h"
 
@@ -21,6 +22,19 @@ bool isWideControl(std::string_view bytes)
 std::string narrow(unsigned short const * text)
 {
     return Platform::wstringToString(text).c_str();
+}
+
+std::string problemOf(Exceptions::BaseException const & failure)
+{
+    std::string const text = narrow(failure.message());
+    for (char const * comparison : {" == ", " != ", " >= ", " <= ", " > ", " < "})
+    {
+        std::size_t const place = text.find(comparison);
+        std::size_t const end = place == std::string::npos ? place : text.find(": ", place);
+        if (end != std::string::npos)
+            return text.substr(end + 2);
+    }
+    return text;
 }
 
 std::string textOf(Types::UID const & identifier, Types::StringRepresentationEncodingType form)

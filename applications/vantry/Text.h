@@ -5,6 +5,10 @@
 #include <string_view>
 
 namespace Vantry {
+namespace Exceptions {
+class BaseException;
+}
+
 namespace Types {
 class UID;
 enum class StringRepresentationEncodingType : int;
@@ -14,6 +18,10 @@ namespace Application {
 
 /// The library's text as UTF-8.
 std::string narrow(unsigned short const * text);
+
+/// What a failure of the library says. A failed check tells its condition
+/// first, in C++, which is left out.
+std::string problemOf(Exceptions::BaseException const & failure);
 
 /// An identifier or label in a form that it has.
 std::string textOf(Types::UID const & identifier, Types::StringRepresentationEncodingType form);

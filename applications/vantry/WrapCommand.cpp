@@ -43,10 +43,20 @@ std::string textOf(Rate const & rate)
     return fmt::format("{}/{}", rate.numerator(), rate.denominator());
 }
 
+/// Whether a file is an input, or is in the folder that is one.
+bool isIn(std::string const & input, fs::path const & name)
+{
+    std::error_code ignored;
+    fs::path const folder = name.parent_path() / ".";
+    return fs::equivalent(name, input, ignored) ||
+           (fs::is_directory(input, ignored) && fs::equivalent(folder, input, ignored));
+}
+
 std::string lineOf(WrappedFile const & file)
 {
-    std::string lines = fmt::format("{}  {} tracks, {} edit units, {} bytes\n", file.target().string(),
-                                    file.inputs().size(), file.editUnits(), file.size());
+    std::size_t const tracks = file.inputs().size();
+    std::string lines = fmt::format("{}  {} track{}, {} edit units, {} bytes\n", file.target().string(), tracks,
+                                    tracks == 1 ? "" : "s", file.editUnits(), file.size());
     for (auto const & input : file.inputs())
         if (input->isLeft())
             lines += fmt::format("  {} goes on behind the pictures, and was left there\n", input->file());
@@ -179,8 +189,18 @@ unsigned int WrapCommand::number(std::optional<UInt64> const & given, char const
     return static_cast<unsigned int>(*given);
 }
 
+// A target that is nothing but folders stays without a name for the file.
+void WrapCommand::checkOutput(WrapSettings const & settings) const
+{
+    if (output_ == "-")
+        wrongUsage("an MXF file can't go to standard output, for its header is completed last");
+    if (output_.empty() || (!makesFolder(settings) && !fs::path(output_).has_filename()))
+        throw Failure(ExitStatus::WRONG_USAGE, name(), fmt::format("--output '{}' names no file", output_));
+}
+
 WrapSettings WrapCommand::checked(WrapSettings const & settings) const
 {
+    checkOutput(settings);
     if (settings.isClip && settings.editUnitsPerPartition != 0)
         wrongUsage("--partition-every doesn't go with a clip, which stays whole");
     if (settings.isClip && !settings.isAtom && inputs_.size() != 1)
@@ -250,9 +270,14 @@ WrapCommand::Files WrapCommand::makeFiles(WrapSettings const & settings, CommonO
     checkTimeCode(settings, rate);
 
     Files files;
+    auto const add = [&](fs::path const & target, WrappedFile::Inputs taken)
+    {
+        requireNoInput(target);
+        files.push_back(std::make_unique<WrappedFile>(settings, dictionary, rate, std::move(taken), target, force_));
+    };
     if (!makesFolder(settings))
     {
-        files.push_back(std::make_unique<WrappedFile>(settings, dictionary, rate, std::move(inputs), output_, force_));
+        add(output_, std::move(inputs));
         return files;
     }
     for (std::unique_ptr<WrapInput> & input : inputs)
@@ -260,9 +285,20 @@ WrapCommand::Files WrapCommand::makeFiles(WrapSettings const & settings, CommonO
         fs::path const target = targetOf(input->file(), files);
         WrappedFile::Inputs one;
         one.push_back(std::move(input));
-        files.push_back(std::make_unique<WrappedFile>(settings, dictionary, rate, std::move(one), target, force_));
+        add(target, std::move(one));
     }
     return files;
+}
+
+// Not even --force lets a file take the place of what it is made from.
+void WrapCommand::requireNoInput(fs::path const & target) const
+{
+    if (std::any_of(inputs_.begin(), inputs_.end(), [&](std::string const & input) { return isIn(input, target); }))
+        throw Failure(ExitStatus::WRONG_USAGE, target.string(),
+                      "is an input or lies in one, and inputs stay as they are");
+    std::error_code ignored;
+    if (fs::is_directory(target, ignored))
+        throw Failure(ExitStatus::FAILED, target.string(), "is a directory");
 }
 
 // The input's name, with a number where several have it.

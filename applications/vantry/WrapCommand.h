@@ -24,6 +24,7 @@ private:
 
     [[noreturn]] void wrongUsage(std::string const & problem) const;
     WrapSettings settings() const;
+    void checkOutput(WrapSettings const & settings) const;
     WrapSettings checked(WrapSettings const & settings) const;
     unsigned int number(std::optional<UInt64> const & given, char const * name, UInt64 most, unsigned int usual) const;
 
@@ -31,6 +32,7 @@ private:
     Templates::Rational<int> rateOf(WrapSettings const & settings, WrappedFile::Inputs const & inputs) const;
     void checkTimeCode(WrapSettings const & settings, Templates::Rational<int> const & rate) const;
     Files makeFiles(WrapSettings const & settings, CommonOptions const & common) const;
+    void requireNoInput(std::filesystem::path const & target) const;
     std::filesystem::path targetOf(std::string const & input, Files const & files) const;
     bool makesFolder(WrapSettings const & settings) const { return settings.isAtom && inputs_.size() > 1; }
     void write(Files const & files, bool quiet) const;

@@ -114,7 +114,7 @@ private:
     }
     catch (Exceptions::BaseException const & failure)
     {
-        refuse(file_, narrow(failure.message()));
+        refuse(file_, problemOf(failure));
     }
 
     std::string file_;
@@ -145,8 +145,11 @@ public:
 std::vector<std::string> picturesIn(std::string const & folder)
 {
     std::vector<std::string> files = JPEG2000Analyzer::filesIn(folder);
-    if (files.empty() || !hasAt(headOf(files.front()), 0, CODESTREAM_START))
-        refuse(folder, "is a folder that doesn't begin with a JPEG 2000 codestream");
+    if (files.empty())
+        refuse(folder, "is a folder without files");
+    if (!hasAt(headOf(files.front()), 0, CODESTREAM_START))
+        refuse(folder, "is a folder that doesn't begin with a JPEG 2000 codestream, but with " +
+                           fs::path(files.front()).filename().string());
     return files;
 }
 
@@ -172,6 +175,10 @@ InputKind recogniseInput(std::string const & file)
         return InputKind::WAVE;
     if (isMPEGVideo(head))
         return InputKind::MPEG2_VIDEO;
+    if (head.empty())
+        refuse(file, "is empty");
+    if (hasAt(head, 0, CODESTREAM_START))
+        refuse(file, "is a single JPEG 2000 codestream, and pictures are taken by the folder");
     refuse(file, "is neither a wave file nor a stream of MPEG-2 video");
 }
 
@@ -218,7 +225,7 @@ void WrapInput::openSound(TakenAs takenAs)
 
     WaveAnalyzer * const wave = opened.get();
     analyzer_ = Analyzer(opened.release());
-    if (!wave->preload())
+    if (!wave->preload() || wave->WaveAnalyzer::done())
         refuse(file_, "holds no sound");
     if (wave->channelsInStream() > MOST_CHANNELS)
         refuse(file_,

@@ -357,6 +357,8 @@ TEST_F(WrapTest, RefusesWhatItCannotDo)
     bench->scratch.write("cut.wav", bench->bytes("mono.wav").first(100000));
     bench->scratch.write("nine.wav", waveFile(waveChunk("fmt ", hex("0100 0900 80BB0000 002F0D00 1200 1000")) +
                                               waveChunk("data", repeated(1800, 0))));
+    bench->scratch.write("mute.wav", waveFile(waveChunk("fmt ", PCM_FORMAT) + waveChunk("data", {})));
+    bench->sound("float.wav", "-ac 6 -c:a pcm_f32le");
     bench->scratch.write("text", repeated(100, 'a'));
     bench->scratch.write("there.mxf", {});
 
@@ -374,7 +376,16 @@ TEST_F(WrapTest, RefusesWhatItCannotDo)
         {"text", 1, "text: is neither a wave file nor a stream of MPEG-2 video"},
         {"nothing", 1, "nothing: can't be opened: No such file or directory"},
         {"mono.wav -o there.mxf", 1, "there.mxf: is there already, and kept without --force"},
-        {"mono.wav -o no/w.mxf", 1, "no/"},
+        {"mono.wav -o no/w.mxf", 1, "no/w.mxf: can't be written: No such file or directory"},
+        {"mono.wav -o pics --force", 1, "pics: is a directory"},
+        {"mono.wav -o no/", 2, "wrap: --output 'no/' names no file"},
+        {"mono.wav -o -", 2, "-: an MXF file can't go to standard output"},
+        {"mono.wav -o ./mono.wav --force", 2, "./mono.wav: is an input or lies in one"},
+        {"pics -o pics/w.mxf", 2, "pics/w.mxf: is an input or lies in one"},
+        {"mute.wav", 1, "mute.wav: holds no sound"},
+        {"float.wav", 1, "float.wav: Wave file does not contain PCM essence"},
+        {"pics/1.j2c", 1, "pics/1.j2c: is a single JPEG 2000 codestream"},
+        {"there.mxf", 1, "there.mxf: is empty"},
         {"long.m2v closed.m2v", 2, "x.mxf: closed.m2v has 50/1 pictures a second, and the file 25/1"},
         {"long.m2v long.m2v", 2, "x.mxf: a file takes one input with predicted pictures, and long.m2v is another"},
         {"long.m2v --edit-rate 30", 2, "x.mxf: long.m2v has 25/1 pictures a second, and the file 30/1"},
