@@ -96,9 +96,11 @@ std::unique_ptr<DataIO::RandomAccessDataSource> openRandomAccess(std::string con
 {
     if (name == "-")
         throw Failure(ExitStatus::WRONG_USAGE, name, "this command needs a file, standard input is read only once");
-    requireReadable(name);
-    if (!isPlainFile(name))
+    // A named pipe without a writer would keep who opens it waiting.
+    std::error_code ignored;
+    if (std::filesystem::is_other(name, ignored))
         throw Failure(ExitStatus::FAILED, name, "is no plain file, and this command reads here and there");
+    requireReadable(name);
     return std::make_unique<DataIO::File::FileDataSource>(wide(name).c_str(), FILE_BUFFER_SIZE);
 }
 
