@@ -7,6 +7,7 @@
 #include "Options.h"
 #include "Output.h"
 #include "OutputFolder.h"
+#include "Platform/Text.h"
 #include "Progress.h"
 #include "Schema/Dictionaries.h"
 #include "SchemaInUse.h"
@@ -28,6 +29,10 @@ namespace {
 
 Rate const USUAL_RATE = 25;
 UInt64 const LARGEST_KAG_SIZE = 1 << 20;
+
+// A value in a metadata set has 65535 bytes at most; a name has two for each
+// element of UTF-16 and for its end.
+std::size_t const LONGEST_NAME = 32766;
 
 /// Blocks of one size come and go all the time: they stay with the program,
 /// which would else have to touch them anew.
@@ -172,6 +177,8 @@ WrapSettings WrapCommand::settings() const
         wrongUsage("--index-in is header, body or end, not " + indexPlace_);
 
     settings.name = name_;
+    if (Platform::stringToWstring(name_.c_str()).size() > LONGEST_NAME)
+        wrongUsage(fmt::format("--name has {} characters at most", LONGEST_NAME));
     settings.kagSize = number(kagSize_, "--kag", LARGEST_KAG_SIZE, settings.kagSize);
     settings.editUnitsPerPartition = number(editUnitsPerPartition_, "--partition-every", ~0u, 0);
     settings.hasRIP = !hasNoRIP_;

@@ -358,6 +358,7 @@ TEST_F(WrapTest, RefusesWhatItCannotDo)
     bench->scratch.write("nine.wav", waveFile(waveChunk("fmt ", hex("0100 0900 80BB0000 002F0D00 1200 1000")) +
                                               waveChunk("data", repeated(1800, 0))));
     bench->scratch.write("mute.wav", waveFile(waveChunk("fmt ", PCM_FORMAT) + waveChunk("data", {})));
+    bench->shell("mkfifo pipe");
     bench->sound("float.wav", "-ac 6 -c:a pcm_f32le");
     bench->scratch.write("text", repeated(100, 'a'));
     bench->scratch.write("there.mxf", {});
@@ -397,6 +398,8 @@ TEST_F(WrapTest, RefusesWhatItCannotDo)
         {"mono.wav --pattern opatom --wrapping frame", 2, "x.mxf: --pattern opatom takes clips, not frames"},
         {"mono.wav --pattern op2", 2, "x.mxf: --pattern is op1a or opatom, not op2"},
         {".", 1, ".: is a folder that doesn't begin with a JPEG 2000 codestream"},
+        {"pipe", 1, "pipe: is no plain file"},
+        {"mono.wav --name $(printf '%032767d' 0)", 2, "x.mxf: --name has 32766 characters at most"},
         {"mono.wav --kag 0", 2, "x.mxf: --kag goes from 1 to 1048576"},
         {"mono.wav --index-in tail", 2, "x.mxf: --index-in is header, body or end, not tail"},
         {"long.m2v --index-in header", 2, "x.mxf: --index-in header needs edit units of one size, and these differ"},
