@@ -118,8 +118,10 @@ Templates::SharedPtr<EssenceAnalyzer> analyzer(char kind, Wrapping wrapping)
 {
     using Pictures = Playable<GenericContainer::PictureAnalyzer, CDCIEssenceDescriptor>;
     using Sound = Playable<GenericContainer::SoundAnalyzer, WAVEAudioEssenceDescriptor>;
-    return Templates::SharedPtr<EssenceAnalyzer>(
-        kind == 'p' ? static_cast<EssenceAnalyzer *>(new Pictures(kind, wrapping)) : new Sound(kind, wrapping));
+    using Analyzer = Templates::SharedPtr<EssenceAnalyzer>;
+    if (kind == 'p')
+        return Analyzer(new Pictures(kind, wrapping));
+    return Analyzer(new Sound(kind, wrapping));
 }
 
 Bytes essenceOf(char kind)
