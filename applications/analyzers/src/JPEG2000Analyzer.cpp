@@ -1,6 +1,5 @@
 #include "Analyzers/JPEG2000Analyzer.h"
 
-#include "Analyzers/EssenceMetadata.h"
 #include "DataIO/BufferSliceSource.h"
 #include "DataIO/File/FileSliceSource.h"
 #include "DataIO/SliceReader.h"
@@ -11,12 +10,10 @@
 #include "GenericContainer/EditUnit.h"
 #include "JPEG2000Description.h"
 #include "Platform/Text.h"
-#include "Types/UniversalLabel.h"
 
 #include <algorithm>
 #include <cctype>
 #include <filesystem>
-#include <optional>
 #include <system_error>
 #include <tuple>
 #include <utility>
@@ -37,10 +34,12 @@ using Templates::auto_ptr;
 unsigned char const START[] = {0xFF, 0x4F, 0xFF, 0x51};
 unsigned char const END[] = {0xFF, 0xD9};
 
-// Bytes 12 and 14 of element keys (SMPTE 422M).
-unsigned char const PICTURE_ITEM = 0x15;
-unsigned char const FRAME_WRAPPED = 0x08;
-unsigned char const CLIP_WRAPPED = 0x09;
+// SMPTE 422M.
+ElementCoding const CODING = {0x15,
+                              0x08,
+                              {0x06, 0x0E, 0x2B, 0x34, 0x04, 0x01, 0x01, 0x07, //
+                               0x0D, 0x01, 0x03, 0x01, 0x02, 0x0C, 0x01, 0x00},
+                              14};
 
 [[noreturn]] void refuse(std::string const & file, std::string const & what)
 {
@@ -147,7 +146,7 @@ void checkEnd(std::string const & file, Slice const & content)
 class JPEG2000Analyzer::Impl
 {
 public:
-    Impl(std::vector<std::string> paths, Labels::WrapKind wrapping) : files(std::move(paths)), wrapKind(wrapping) {}
+    explicit Impl(std::vector<std::string> paths) : files(std::move(paths)) {}
 
     bool load()
     {
@@ -175,13 +174,8 @@ public:
     }
 
     std::vector<std::string> const files;
-    Labels::WrapKind const wrapKind;
     std::size_t next = 0;
     CodestreamHeader first;
-    Rate rate;
-    std::optional<Rate> duration;
-    unsigned int bound = 0;
-    std::unique_ptr<EssenceMetadata> metadata;
 
 private:
     bool isLoaded = false;
@@ -205,44 +199,15 @@ catch (fs::filesystem_error const & error)
 }
 
 JPEG2000Analyzer::JPEG2000Analyzer(std::vector<std::string> files, Labels::WrapKind wrapKind) :
-    impl_(std::make_unique<Impl>(std::move(files), wrapKind))
+    ElementAnalyzer(CODING, wrapKind), impl_(std::make_unique<Impl>(std::move(files)))
 {
 }
 
 JPEG2000Analyzer::~JPEG2000Analyzer() = default;
 
-Rate JPEG2000Analyzer::editRate()
-{
-    return impl_->rate;
-}
-
-void JPEG2000Analyzer::editRate(Rate const & containerRate)
-{
-    impl_->rate = containerRate;
-}
-
-UInt64 JPEG2000Analyzer::maximumToSkip() const
-{
-    return 0;
-}
-
-void JPEG2000Analyzer::maximumToSkip(UInt64) {}
-
 bool JPEG2000Analyzer::preload()
 {
     return impl_->load();
-}
-
-bool JPEG2000Analyzer::setMetadata(Metadata::PartitionMetadata & metadata,
-                                   Metadata::Structural::SourcePackage * package, unsigned int trackNumber,
-                                   unsigned int trackID)
-{
-    if (impl_->metadata || !preload())
-        return false;
-    auto made = std::make_unique<EssenceMetadata>(metadata, package, trackNumber, trackID, impl_->rate);
-    describeCodestream(*made, impl_->first, universalLabel(), impl_->rate);
-    impl_->metadata = std::move(made);
-    return true;
 }
 
 bool JPEG2000Analyzer::nextEditUnit(GenericContainer::EditUnit & unit)
@@ -251,65 +216,9 @@ bool JPEG2000Analyzer::nextEditUnit(GenericContainer::EditUnit & unit)
     if (!preload() || done())
         return false;
     unit.data.push_back(impl_->nextPicture());
-    unit.duration = Rate(impl_->rate.denominator(), impl_->rate.numerator());
+    unit.duration = Rate(editRate().denominator(), editRate().numerator());
     unit.valid = true;
     return true;
-}
-
-bool JPEG2000Analyzer::finalize()
-{
-    if (!impl_->metadata)
-        return false;
-    impl_->metadata->finish(impl_->next, impl_->next);
-    return true;
-}
-
-Types::UniversalLabel JPEG2000Analyzer::universalLabel()
-{
-    unsigned char const wrapping = impl_->wrapKind == Labels::CLIP ? 0x02 : 0x01;
-    unsigned char const bytes[16] = {0x06, 0x0E, 0x2B, 0x34, 0x04, 0x01, 0x01,     0x07,
-                                     0x0D, 0x01, 0x03, 0x01, 0x02, 0x0C, wrapping, 0x00};
-    return Types::UniversalLabel(bytes);
-}
-
-bool JPEG2000Analyzer::isCBE() const
-{
-    return false;
-}
-
-void JPEG2000Analyzer::boundedEditUnitSize(int size)
-{
-    impl_->bound = static_cast<unsigned int>(size);
-}
-
-unsigned int JPEG2000Analyzer::boundedEditUnitSize() const
-{
-    return impl_->bound;
-}
-
-bool JPEG2000Analyzer::containsTemporalDependencies() const
-{
-    return false;
-}
-
-Utils::TimeCode JPEG2000Analyzer::currentTimeCode()
-{
-    return Utils::TimeCode();
-}
-
-unsigned char JPEG2000Analyzer::itemTypeIdentifier() const
-{
-    return PICTURE_ITEM;
-}
-
-unsigned char JPEG2000Analyzer::essenceElementType() const
-{
-    return impl_->wrapKind == Labels::CLIP ? CLIP_WRAPPED : FRAME_WRAPPED;
-}
-
-unsigned int JPEG2000Analyzer::requiredKAGSize() const
-{
-    return 1;
 }
 
 bool JPEG2000Analyzer::done()
@@ -317,16 +226,19 @@ bool JPEG2000Analyzer::done()
     return impl_->next == impl_->files.size();
 }
 
-void JPEG2000Analyzer::setDuration(Rate const & seconds)
+Rate JPEG2000Analyzer::durationOfStream()
 {
-    impl_->duration = seconds;
+    return editRate().numerator() > 0 ? Rate(static_cast<int>(impl_->files.size())) / editRate() : Rate(-1);
 }
 
-Rate JPEG2000Analyzer::getDuration()
+void JPEG2000Analyzer::describe(EssenceMetadata & metadata)
 {
-    if (impl_->duration)
-        return *impl_->duration;
-    return impl_->rate.numerator() > 0 ? Rate(static_cast<int>(impl_->files.size())) / impl_->rate : Rate(-1);
+    describeCodestream(metadata, impl_->first, universalLabel(), editRate());
+}
+
+void JPEG2000Analyzer::complete(EssenceMetadata & metadata)
+{
+    metadata.finish(impl_->next, impl_->next);
 }
 
 }}

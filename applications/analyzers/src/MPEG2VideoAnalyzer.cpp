@@ -1,6 +1,5 @@
 #include "Analyzers/MPEG2VideoAnalyzer.h"
 
-#include "Analyzers/EssenceMetadata.h"
 #include "BlackPicture.h"
 #include "Exceptions/InvalidFormat.h"
 #include "Exceptions/InvalidValue.h"
@@ -10,7 +9,6 @@
 #include "Metadata/Structural/DataDefinitionULs.h"
 #include "Metadata/Structural/MPEG2VideoDescriptor.h"
 #include "Metadata/Structural/StructuralMetadataKeys.h"
-#include "Types/UniversalLabel.h"
 
 #include <list>
 #include <string>
@@ -29,10 +27,13 @@ UInt64 const DEFAULT_SKIP = 65536;
 // So many intra pictures at the start make a stream of intra pictures.
 std::size_t const ENOUGH_FRAMES = 3;
 
-// Bytes 12 and 14 of element keys (SMPTE 381M).
-unsigned char const PICTURE_ITEM = 0x15;
-unsigned char const FRAME_WRAPPED = 0x05;
-unsigned char const CLIP_WRAPPED = 0x06;
+// SMPTE 381M. The label is that of a stream with the stream identifier E0h, of
+// which five bits count.
+ElementCoding const CODING = {0x15,
+                              0x05,
+                              {0x06, 0x0E, 0x2B, 0x34, 0x04, 0x01, 0x01, 0x02, //
+                               0x0D, 0x01, 0x03, 0x01, 0x02, 0x04, 0x60, 0x01},
+                              15};
 
 // Undefined when the header has numbers that no time of day has.
 Utils::TimeCode startTimeCode(GroupHeader const & group, Rate const & rate)
@@ -55,10 +56,7 @@ catch (Exceptions::InvalidValue const &)
 class MPEG2VideoAnalyzer::Impl
 {
 public:
-    Impl(Templates::SharedPtr<DataIO::SliceSource> source, Labels::WrapKind wrapping) :
-        stream(std::move(source)), wrapKind(wrapping)
-    {
-    }
+    explicit Impl(Templates::SharedPtr<DataIO::SliceSource> source) : stream(std::move(source)) {}
 
     bool load()
     {
@@ -100,9 +98,7 @@ public:
     }
 
     VideoStream stream;
-    Labels::WrapKind const wrapKind;
     UInt64 maximumToSkip = DEFAULT_SKIP;
-    unsigned int bound = 0;
     Rate rate;
     bool hasPredicted = false;
     std::list<CodedFrame> frames;
@@ -112,7 +108,6 @@ public:
     DataIO::Slice sequenceHeader;
     DataIO::Slice black;
     UInt64 editUnits = 0;
-    std::unique_ptr<EssenceMetadata> metadata;
     MPEG2VideoDescriptor * descriptor = nullptr;
 
 private:
@@ -139,7 +134,7 @@ private:
 };
 
 MPEG2VideoAnalyzer::MPEG2VideoAnalyzer(Templates::SharedPtr<DataIO::SliceSource> source, Labels::WrapKind wrapKind) :
-    impl_(std::make_unique<Impl>(std::move(source), wrapKind))
+    ElementAnalyzer(CODING, wrapKind), impl_(std::make_unique<Impl>(std::move(source)))
 {
 }
 
@@ -165,24 +160,6 @@ void MPEG2VideoAnalyzer::maximumToSkip(UInt64 bytes)
 bool MPEG2VideoAnalyzer::preload()
 {
     return impl_->load();
-}
-
-bool MPEG2VideoAnalyzer::setMetadata(Metadata::PartitionMetadata & metadata,
-                                     Metadata::Structural::SourcePackage * package, unsigned int trackNumber,
-                                     unsigned int trackID)
-{
-    if (impl_->metadata || !preload())
-        return false;
-
-    auto made = std::make_unique<EssenceMetadata>(metadata, package, trackNumber, trackID, impl_->rate);
-    auto & video = made->describe<MPEG2VideoDescriptor>(
-        Metadata::Structural::StructuralMetadataKeys::mpeg2VideoDescriptor(),
-        Metadata::Structural::DataDefinitionULs::picture(), universalLabel(), impl_->rate);
-    describeVideo(video, impl_->stream.format(), impl_->first, impl_->hasPredicted);
-    describeGroups(video, impl_->groups);
-    impl_->metadata = std::move(made);
-    impl_->descriptor = &video;
-    return true;
 }
 
 bool MPEG2VideoAnalyzer::nextEditUnit(EditUnit & unit)
@@ -215,39 +192,6 @@ void MPEG2VideoAnalyzer::fillNullEssence(EditUnit & unit)
     ++impl_->editUnits;
 }
 
-bool MPEG2VideoAnalyzer::finalize()
-{
-    if (!impl_->metadata)
-        return false;
-    impl_->metadata->finish(impl_->editUnits, impl_->editUnits);
-    describeGroups(*impl_->descriptor, impl_->groups);
-    return true;
-}
-
-Types::UniversalLabel MPEG2VideoAnalyzer::universalLabel()
-{
-    // A stream of the stream identifier E0h, of which five bits count.
-    unsigned char const wrapping = impl_->wrapKind == Labels::CLIP ? 0x02 : 0x01;
-    unsigned char const bytes[16] = {0x06, 0x0E, 0x2B, 0x34, 0x04, 0x01, 0x01, 0x02,
-                                     0x0D, 0x01, 0x03, 0x01, 0x02, 0x04, 0x60, wrapping};
-    return Types::UniversalLabel(bytes);
-}
-
-bool MPEG2VideoAnalyzer::isCBE() const
-{
-    return false;
-}
-
-void MPEG2VideoAnalyzer::boundedEditUnitSize(int size)
-{
-    impl_->bound = static_cast<unsigned int>(size);
-}
-
-unsigned int MPEG2VideoAnalyzer::boundedEditUnitSize() const
-{
-    return impl_->bound;
-}
-
 bool MPEG2VideoAnalyzer::containsTemporalDependencies() const
 {
     return impl_->hasPredicted;
@@ -265,24 +209,25 @@ Utils::TimeCode MPEG2VideoAnalyzer::currentTimeCode()
                : start;
 }
 
-unsigned char MPEG2VideoAnalyzer::itemTypeIdentifier() const
-{
-    return PICTURE_ITEM;
-}
-
-unsigned char MPEG2VideoAnalyzer::essenceElementType() const
-{
-    return impl_->wrapKind == Labels::CLIP ? CLIP_WRAPPED : FRAME_WRAPPED;
-}
-
-unsigned int MPEG2VideoAnalyzer::requiredKAGSize() const
-{
-    return 1;
-}
-
 bool MPEG2VideoAnalyzer::done()
 {
     return impl_->isDone();
+}
+
+void MPEG2VideoAnalyzer::describe(EssenceMetadata & metadata)
+{
+    auto & video = metadata.describe<MPEG2VideoDescriptor>(
+        Metadata::Structural::StructuralMetadataKeys::mpeg2VideoDescriptor(),
+        Metadata::Structural::DataDefinitionULs::picture(), universalLabel(), impl_->rate);
+    describeVideo(video, impl_->stream.format(), impl_->first, impl_->hasPredicted);
+    describeGroups(video, impl_->groups);
+    impl_->descriptor = &video;
+}
+
+void MPEG2VideoAnalyzer::complete(EssenceMetadata & metadata)
+{
+    metadata.finish(impl_->editUnits, impl_->editUnits);
+    describeGroups(*impl_->descriptor, impl_->groups);
 }
 
 }}

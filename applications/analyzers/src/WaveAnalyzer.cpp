@@ -1,6 +1,5 @@
 #include "Analyzers/WaveAnalyzer.h"
 
-#include "Analyzers/EssenceMetadata.h"
 #include "Analyzers/SampleCadence.h"
 #include "DataIO/BlockHolder.h"
 #include "DataIO/Memory/MemoryBlockFactory.h"
@@ -18,13 +17,13 @@
 
 #include <algorithm>
 #include <limits>
+#include <optional>
 #include <string>
 
 namespace Vantry { namespace Analyzers {
 
 using Essence::Converters::S331MMuxHelpers::PCMWaveReader;
 using GenericContainer::EditUnit;
-using Metadata::Structural::WAVEAudioEssenceDescriptor;
 using Rate = Templates::Rational<int>;
 
 namespace {
@@ -34,10 +33,17 @@ UInt64 const UNKNOWN_LENGTH = 0xFFFFFFFF;
 // A header may claim more sound than there is time for.
 UInt64 const MOST_UNITS = std::numeric_limits<int>::max();
 
-// Bytes 12 and 14 of element keys (SMPTE 382M).
-unsigned char const SOUND_ITEM = 0x16;
-unsigned char const WAVE_FRAME = 0x01;
-unsigned char const AES3_FRAME = 0x03;
+// SMPTE 382M.
+ElementCoding const WAVE = {0x16,
+                            0x01,
+                            {0x06, 0x0E, 0x2B, 0x34, 0x04, 0x01, 0x01, 0x01, //
+                             0x0D, 0x01, 0x03, 0x01, 0x02, 0x06, 0x01, 0x00},
+                            14};
+ElementCoding const AES3 = {0x16,
+                            0x03,
+                            {0x06, 0x0E, 0x2B, 0x34, 0x04, 0x01, 0x01, 0x01, //
+                             0x0D, 0x01, 0x03, 0x01, 0x02, 0x06, 0x03, 0x00},
+                            14};
 
 [[noreturn]] void refuse(std::string const & what)
 {
@@ -101,13 +107,8 @@ private:
 class WaveAnalyzer::Impl
 {
 public:
-    Impl(Templates::SharedPtr<DataIO::SliceSource> source, Labels::WrapKind wrapping, Labels::Mapping kind,
-         int picked) :
-        stream(std::move(source)),
-        wrapKind(wrapping),
-        mapping(kind),
-        channel(picked),
-        fillsLastEditUnit(wrapping == Labels::FRAME)
+    Impl(Templates::SharedPtr<DataIO::SliceSource> source, Labels::Mapping kind, int picked, bool fills) :
+        stream(std::move(source)), mapping(kind), channel(picked), fillsLastEditUnit(fills)
     {
     }
 
@@ -212,14 +213,11 @@ public:
     }
 
     Stream stream;
-    Labels::WrapKind const wrapKind;
     Labels::Mapping const mapping;
     int const channel;
     bool fillsLastEditUnit;
     Rate rate;
     std::optional<SampleCadence> cadence;
-    std::optional<Rate> duration;
-    std::unique_ptr<EssenceMetadata> metadata;
     UInt64 editUnits = 0;
     UInt64 samples = 0;
 
@@ -258,7 +256,8 @@ private:
 
 WaveAnalyzer::WaveAnalyzer(Templates::SharedPtr<DataIO::SliceSource> source, Labels::WrapKind wrapKind,
                            Labels::Mapping mapping, int channel) :
-    impl_(std::make_unique<Impl>(std::move(source), wrapKind, mapping, channel))
+    ElementAnalyzer(mapping == Labels::AES3 ? AES3 : WAVE, wrapKind),
+    impl_(std::make_unique<Impl>(std::move(source), mapping, channel, wrapKind == Labels::FRAME))
 {
 }
 
@@ -296,36 +295,6 @@ bool WaveAnalyzer::preload()
     return impl_->load();
 }
 
-bool WaveAnalyzer::setMetadata(Metadata::PartitionMetadata & metadata, Metadata::Structural::SourcePackage * package,
-                               unsigned int trackNumber, unsigned int trackID)
-{
-    // Uncompressed sound.
-    static unsigned char const PCM[16] = {0x06, 0x0E, 0x2B, 0x34, 0x04, 0x01, 0x01, 0x0A,
-                                          0x04, 0x02, 0x02, 0x01, 0x00, 0x00, 0x00, 0x00};
-    namespace Keys = Metadata::Structural::StructuralMetadataKeys;
-    if (impl_->metadata)
-        return false;
-
-    Stream const & stream = impl_->stream;
-    Rate const samplingRate(static_cast<int>(stream.samplesPerSecond()));
-    bool const isFrame = impl_->wrapKind == Labels::FRAME;
-    auto made = std::make_unique<EssenceMetadata>(metadata, package, trackNumber, trackID, impl_->rate);
-    auto & sound = made->describe<WAVEAudioEssenceDescriptor>(
-        impl_->mapping == Labels::AES3 ? Keys::aes3AudioEssenceDescriptor() : Keys::waveAudioEssenceDescriptor(),
-        Metadata::Structural::DataDefinitionULs::audio(), universalLabel(), isFrame ? impl_->rate : samplingRate);
-    impl_->metadata = std::move(made);
-
-    using Sound = WAVEAudioEssenceDescriptor;
-    put(sound, &Sound::audioSamplingRate, samplingRate.numerator(), 1);
-    put(sound, &Sound::lockedUnlocked, true);
-    put(sound, &Sound::channelCount, impl_->channels());
-    put(sound, &Sound::quantizationBits, stream.soundBits());
-    put(sound, &Sound::soundEssenceCompression, PCM);
-    put(sound, &Sound::blockAlign, static_cast<unsigned short>(impl_->blockAlign()));
-    put(sound, &Sound::avgBps, impl_->blockAlign() * stream.samplesPerSecond());
-    return true;
-}
-
 bool WaveAnalyzer::nextEditUnit(EditUnit & unit)
 {
     unit.valid = false;
@@ -361,24 +330,6 @@ void WaveAnalyzer::fillNullEssence(EditUnit & unit)
     ++impl_->editUnits;
 }
 
-bool WaveAnalyzer::finalize()
-{
-    if (!impl_->metadata)
-        return false;
-    impl_->metadata->finish(impl_->editUnits, impl_->wrapKind == Labels::FRAME ? impl_->editUnits : impl_->samples);
-    return true;
-}
-
-Types::UniversalLabel WaveAnalyzer::universalLabel()
-{
-    bool const isClip = impl_->wrapKind == Labels::CLIP;
-    unsigned char const variant = impl_->mapping == Labels::AES3 ? 0x03 : 0x01;
-    unsigned char const bytes[16] = {0x06, 0x0E, 0x2B, 0x34, 0x04,
-                                     0x01, 0x01, 0x01, 0x0D, 0x01,
-                                     0x03, 0x01, 0x02, 0x06, static_cast<unsigned char>(variant + isClip)};
-    return Types::UniversalLabel(bytes);
-}
-
 bool WaveAnalyzer::isCBE() const
 {
     return impl_->cadence && impl_->cadence->isConstant();
@@ -391,45 +342,41 @@ unsigned int WaveAnalyzer::boundedEditUnitSize() const
     return impl_->editUnitSize();
 }
 
-bool WaveAnalyzer::containsTemporalDependencies() const
-{
-    return false;
-}
-
-Utils::TimeCode WaveAnalyzer::currentTimeCode()
-{
-    return Utils::TimeCode();
-}
-
-unsigned char WaveAnalyzer::itemTypeIdentifier() const
-{
-    return SOUND_ITEM;
-}
-
-unsigned char WaveAnalyzer::essenceElementType() const
-{
-    unsigned char const frame = impl_->mapping == Labels::AES3 ? AES3_FRAME : WAVE_FRAME;
-    return static_cast<unsigned char>(frame + (impl_->wrapKind == Labels::CLIP ? 1 : 0));
-}
-
-unsigned int WaveAnalyzer::requiredKAGSize() const
-{
-    return 1;
-}
-
 bool WaveAnalyzer::done()
 {
     return impl_->isDone();
 }
 
-void WaveAnalyzer::setDuration(Rate const & seconds)
+Rate WaveAnalyzer::durationOfStream()
 {
-    impl_->duration = seconds;
+    return impl_->durationOfStream();
 }
 
-Rate WaveAnalyzer::getDuration()
+void WaveAnalyzer::describe(EssenceMetadata & metadata)
 {
-    return impl_->duration ? *impl_->duration : impl_->durationOfStream();
+    // Uncompressed sound.
+    static unsigned char const PCM[16] = {0x06, 0x0E, 0x2B, 0x34, 0x04, 0x01, 0x01, 0x0A,
+                                          0x04, 0x02, 0x02, 0x01, 0x00, 0x00, 0x00, 0x00};
+    namespace Keys = Metadata::Structural::StructuralMetadataKeys;
+    using Sound = Metadata::Structural::WAVEAudioEssenceDescriptor;
+
+    Stream const & stream = impl_->stream;
+    Rate const samplingRate(static_cast<int>(stream.samplesPerSecond()));
+    auto & sound = metadata.describe<Sound>(
+        impl_->mapping == Labels::AES3 ? Keys::aes3AudioEssenceDescriptor() : Keys::waveAudioEssenceDescriptor(),
+        Metadata::Structural::DataDefinitionULs::audio(), universalLabel(), isClip() ? samplingRate : impl_->rate);
+    put(sound, &Sound::audioSamplingRate, samplingRate.numerator(), 1);
+    put(sound, &Sound::lockedUnlocked, true);
+    put(sound, &Sound::channelCount, impl_->channels());
+    put(sound, &Sound::quantizationBits, stream.soundBits());
+    put(sound, &Sound::soundEssenceCompression, PCM);
+    put(sound, &Sound::blockAlign, static_cast<unsigned short>(impl_->blockAlign()));
+    put(sound, &Sound::avgBps, impl_->blockAlign() * stream.samplesPerSecond());
+}
+
+void WaveAnalyzer::complete(EssenceMetadata & metadata)
+{
+    metadata.finish(impl_->editUnits, isClip() ? impl_->samples : impl_->editUnits);
 }
 
 }}

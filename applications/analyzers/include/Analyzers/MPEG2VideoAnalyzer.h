@@ -1,9 +1,9 @@
 #pragma once
 
+#include "Analyzers/ElementAnalyzer.h"
 #include "DataIO/SliceSource.h"
 #include "GenericContainer/NullEssenceProvider.h"
 #include "GenericContainer/PictureAnalyzer.h"
-#include "GenericContainer/RP224UniversalLabels.h"
 #include "Templates/SharedPtr.h"
 
 #include <memory>
@@ -18,11 +18,10 @@ namespace Vantry { namespace Analyzers {
 /// the order of display. The descriptor comes from the stream's own headers,
 /// and what only its end tells is brought up to date there. Streams keep their
 /// size, chroma format and rate. Black stands in where there is no picture.
-class MPEG2VideoAnalyzer : public GenericContainer::PictureAnalyzer, public GenericContainer::NullEssenceProvider
+class MPEG2VideoAnalyzer : public ElementAnalyzer<GenericContainer::PictureAnalyzer>,
+                           public GenericContainer::NullEssenceProvider
 {
 public:
-    using Labels = GenericContainer::RP224UniversalLabels;
-
     /// \param source    an elementary stream, from its start
     /// \param wrapKind  FRAME or CLIP
     explicit MPEG2VideoAnalyzer(Templates::SharedPtr<DataIO::SliceSource> source,
@@ -46,22 +45,11 @@ public:
     /// \throws Exceptions::InvalidFormat as nextEditUnit does.
     bool preload() override;
 
-    bool setMetadata(Metadata::PartitionMetadata & metadata, Metadata::Structural::SourcePackage * package,
-                     unsigned int trackNumber, unsigned int trackID) override;
-
     /// \throws Exceptions::InvalidFormat for a stream that is damaged, that
     ///         ends in a frame, changes its format, or has a predicted picture
     ///         after a beginning of intra pictures alone; the message tells
     ///         where.
     bool nextEditUnit(GenericContainer::EditUnit & unit) override;
-
-    bool finalize() override;
-    Types::UniversalLabel universalLabel() override;
-    bool isCBE() const override;
-
-    /// A bound that the application knows; 0 at first.
-    void boundedEditUnitSize(int size) override;
-    unsigned int boundedEditUnitSize() const override;
 
     /// Whether there are predicted pictures.
     bool containsTemporalDependencies() const override;
@@ -69,13 +57,14 @@ public:
     /// That of the first group, ahead of the first edit unit.
     Utils::TimeCode currentTimeCode() override;
 
-    unsigned char itemTypeIdentifier() const override;
-    unsigned char essenceElementType() const override;
-    unsigned int requiredKAGSize() const override;
     bool done() override;
 
     /// A black frame, as a group of its own.
     void fillNullEssence(GenericContainer::EditUnit & unit) override;
+
+protected:
+    void describe(EssenceMetadata & metadata) override;
+    void complete(EssenceMetadata & metadata) override;
 
 private:
     class Impl;

@@ -1,13 +1,12 @@
 #pragma once
 
+#include "Analyzers/ElementAnalyzer.h"
 #include "DataIO/SliceSource.h"
 #include "GenericContainer/NullEssenceProvider.h"
-#include "GenericContainer/RP224UniversalLabels.h"
 #include "GenericContainer/SoundAnalyzer.h"
 #include "Templates/SharedPtr.h"
 
 #include <memory>
-#include <optional>
 
 namespace Vantry {
 
@@ -24,11 +23,10 @@ namespace Analyzers {
 /// number of samples. A last edit unit that isn't full is filled with silence
 /// where it is wrapped as a frame, or so is wanted. Silence also stands in
 /// where there is no sound.
-class WaveAnalyzer : public GenericContainer::SoundAnalyzer, public GenericContainer::NullEssenceProvider
+class WaveAnalyzer : public ElementAnalyzer<GenericContainer::SoundAnalyzer>,
+                     public GenericContainer::NullEssenceProvider
 {
 public:
-    using Labels = GenericContainer::RP224UniversalLabels;
-
     static constexpr int ALL_CHANNELS = -1;
 
     /// \param source    a wave stream, from its start
@@ -61,33 +59,27 @@ public:
     ///         to 32 bits, or without the channel.
     bool preload() override;
 
-    bool setMetadata(Metadata::PartitionMetadata & metadata, Metadata::Structural::SourcePackage * package,
-                     unsigned int trackNumber, unsigned int trackID) override;
-
     /// \throws Exceptions::InvalidFormat when the stream ends ahead of where
     ///         its header says.
     bool nextEditUnit(GenericContainer::EditUnit & unit) override;
 
-    bool finalize() override;
-    Types::UniversalLabel universalLabel() override;
     bool isCBE() const override;
+
+    /// The size of the largest edit unit, whatever is set.
     void boundedEditUnitSize(int size) override;
     unsigned int boundedEditUnitSize() const override;
-    bool containsTemporalDependencies() const override;
-    Utils::TimeCode currentTimeCode() override;
-    unsigned char itemTypeIdentifier() const override;
-    unsigned char essenceElementType() const override;
-    unsigned int requiredKAGSize() const override;
-    bool done() override;
 
-    /// That of the stream in whole edit units, as its header tells it, unless
-    /// another was set. A container that goes on when the sound has ended is
-    /// to hear of none: -1.
-    void setDuration(Templates::Rational<int> const & seconds) override;
-    Templates::Rational<int> getDuration() override;
+    bool done() override;
 
     /// Silence.
     void fillNullEssence(GenericContainer::EditUnit & unit) override;
+
+protected:
+    /// Whole edit units, as the header of the stream tells them.
+    Templates::Rational<int> durationOfStream() override;
+
+    void describe(EssenceMetadata & metadata) override;
+    void complete(EssenceMetadata & metadata) override;
 
 private:
     class Stream;
