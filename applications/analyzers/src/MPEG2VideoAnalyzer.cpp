@@ -2,7 +2,6 @@
 
 #include "BlackPicture.h"
 #include "Exceptions/InvalidFormat.h"
-#include "Exceptions/InvalidValue.h"
 #include "GenericContainer/EditUnit.h"
 #include "IndexTables/IndexEntry.h"
 #include "MPEG2VideoDescription.h"
@@ -34,22 +33,6 @@ ElementCoding const CODING = {0x15,
                               {0x06, 0x0E, 0x2B, 0x34, 0x04, 0x01, 0x01, 0x02, //
                                0x0D, 0x01, 0x03, 0x01, 0x02, 0x04, 0x60, 0x01},
                               15};
-
-// Undefined when the header has numbers that no time of day has.
-Utils::TimeCode startTimeCode(GroupHeader const & group, Rate const & rate)
-try
-{
-    // From 50 frames per second on a time code counts pairs, the header not.
-    auto const frameRate = static_cast<unsigned char>((rate.numerator() + rate.denominator() - 1) / rate.denominator());
-    bool const inPairs = frameRate == 50 || frameRate == 60;
-    auto const frames = static_cast<unsigned char>(inPairs ? group.pictures / 2 : group.pictures);
-    return Utils::TimeCode(frameRate, group.hours, group.minutes, group.seconds, frames, group.dropFrame,
-                           inPairs && group.pictures % 2 != 0);
-}
-catch (Exceptions::InvalidValue const &)
-{
-    return Utils::TimeCode();
-}
 
 }
 
@@ -202,7 +185,7 @@ Utils::TimeCode MPEG2VideoAnalyzer::currentTimeCode()
     if (!preload() || !impl_->group)
         return Utils::TimeCode();
 
-    Utils::TimeCode const start = startTimeCode(*impl_->group, impl_->rate);
+    Utils::TimeCode const start = impl_->group->timeCode(impl_->rate);
     return start.isDefined()
                ? Utils::TimeCode(start.frameRate(), static_cast<Int64>(start.toFrameCounter() + impl_->groups.frames()),
                                  start.dropFrame())

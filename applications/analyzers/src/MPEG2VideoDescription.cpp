@@ -18,6 +18,7 @@ namespace Vantry { namespace Analyzers {
 namespace {
 
 using Descriptor = Metadata::Structural::MPEG2VideoDescriptor;
+using Picture = Metadata::Structural::CDCIEssenceDescriptor;
 
 unsigned int const MACROBLOCK = 16;
 
@@ -37,42 +38,42 @@ unsigned int roundedUp(unsigned int size, unsigned int unit)
     return (size + unit - 1) / unit * unit;
 }
 
-void describePicture(Descriptor & video, SequenceHeader const & sequence)
+void describeStored(Picture & picture, SequenceHeader const & sequence)
 {
     // Where fields are separate, heights are those of a field.
     unsigned int const fields = sequence.isProgressive ? 1 : 2;
-    put(video, &Descriptor::frameLayout, sequence.isProgressive ? FULL_FRAME : SEPARATE_FIELDS);
-    describeSize(video, sequence.width, sequence.height / fields, roundedUp(sequence.width, MACROBLOCK),
+    put(picture, &Picture::frameLayout, sequence.isProgressive ? FULL_FRAME : SEPARATE_FIELDS);
+    describeSize(picture, sequence.width, sequence.height / fields, roundedUp(sequence.width, MACROBLOCK),
                  roundedUp(sequence.height, fields * MACROBLOCK) / fields);
-    describeLines(video, sequence.height, sequence.isProgressive);
+    describeLines(picture, sequence.height, sequence.isProgressive);
 }
 
-void describeAspectRatio(Descriptor & video, SequenceHeader const & sequence)
+void describeAspectRatio(Picture & picture, SequenceHeader const & sequence)
 {
     switch (sequence.aspectRatioCode)
     {
     case 2:
-        return put(video, &Descriptor::aspectRatio, 4, 3);
+        return put(picture, &Picture::aspectRatio, 4, 3);
     case 3:
-        return put(video, &Descriptor::aspectRatio, 16, 9);
+        return put(picture, &Picture::aspectRatio, 16, 9);
     case 4:
-        return put(video, &Descriptor::aspectRatio, 221, 100);
+        return put(picture, &Picture::aspectRatio, 221, 100);
     default: // square samples
         Templates::Rational<int> const ratio(static_cast<int>(sequence.width), static_cast<int>(sequence.height));
-        return put(video, &Descriptor::aspectRatio, ratio.numerator(), ratio.denominator());
+        return put(picture, &Picture::aspectRatio, ratio.numerator(), ratio.denominator());
     }
 }
 
-void describeSamples(Descriptor & video, SequenceHeader const & sequence)
+void describeSamples(Picture & picture, SequenceHeader const & sequence)
 {
     bool const is420 = sequence.chromaFormat == CHROMA_420;
-    put(video, &Descriptor::componentDepth, 8u);
-    put(video, &Descriptor::horizontalSubsampling, sequence.chromaFormat == CHROMA_444 ? 1u : 2u);
-    put(video, &Descriptor::verticalSubsampling, is420 ? 2u : 1u);
-    put(video, &Descriptor::colorSiting, is420 ? VERTICAL_MIDPOINT_SITING : REC_601_SITING);
-    put(video, &Descriptor::blackRefLevel, 16u);
-    put(video, &Descriptor::whiteRefLevel, 235u);
-    put(video, &Descriptor::colorRange, 225u);
+    put(picture, &Picture::componentDepth, 8u);
+    put(picture, &Picture::horizontalSubsampling, sequence.chromaFormat == CHROMA_444 ? 1u : 2u);
+    put(picture, &Picture::verticalSubsampling, is420 ? 2u : 1u);
+    put(picture, &Picture::colorSiting, is420 ? VERTICAL_MIDPOINT_SITING : REC_601_SITING);
+    put(picture, &Picture::blackRefLevel, 16u);
+    put(picture, &Picture::whiteRefLevel, 235u);
+    put(picture, &Picture::colorRange, 225u);
 }
 
 // Bytes 13 and 14 of the label of the coding (SMPTE RP 224): profile and
@@ -114,17 +115,22 @@ UInt16 saturated(UInt64 number)
 
 }
 
-void describeVideo(Descriptor & video, SequenceHeader const & sequence, PictureHeader const & first, bool hasPredicted)
+void describePicture(Picture & picture, SequenceHeader const & sequence, PictureHeader const & first)
 {
-    describePicture(video, sequence);
-    describeAspectRatio(video, sequence);
-    describeSamples(video, sequence);
-    describeCoding(video, sequence, hasPredicted);
+    describeStored(picture, sequence);
+    describeAspectRatio(picture, sequence);
+    describeSamples(picture, sequence);
 
     bool const topFirst = first.structure == PictureStructure::TOP_FIELD ||
                           (first.structure == PictureStructure::FRAME && first.isTopFieldFirst);
     if (!sequence.isProgressive)
-        put(video, &Descriptor::fieldDominance, UInt8(topFirst ? 1 : 2));
+        put(picture, &Picture::fieldDominance, UInt8(topFirst ? 1 : 2));
+}
+
+void describeVideo(Descriptor & video, SequenceHeader const & sequence, PictureHeader const & first, bool hasPredicted)
+{
+    describePicture(video, sequence, first);
+    describeCoding(video, sequence, hasPredicted);
     put(video, &Descriptor::singleSequence, true);
     put(video, &Descriptor::codedContentType, sequence.isProgressive ? PROGRESSIVE_CONTENT : INTERLACED_CONTENT);
     put(video, &Descriptor::lowDelay, sequence.isLowDelay);

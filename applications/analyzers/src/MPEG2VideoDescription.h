@@ -4,10 +4,17 @@
 
 namespace Vantry {
 namespace Metadata { namespace Structural {
+class CDCIEssenceDescriptor;
 class MPEG2VideoDescriptor;
 }}
 
 namespace Analyzers {
+
+/// Sets what pictures are, whatever their coding: size, lines, fields, samples.
+///
+/// \param first  the first frame
+void describePicture(Metadata::Structural::CDCIEssenceDescriptor & picture, SequenceHeader const & sequence,
+                     PictureHeader const & first);
 
 /// Completes a descriptor by what the headers of a stream say.
 ///

@@ -1,5 +1,7 @@
 #include "VideoHeaders.h"
 
+#include "Exceptions/InvalidValue.h"
+
 #include <algorithm>
 #include <iterator>
 
@@ -87,6 +89,20 @@ void GroupHeader::read(DataIO::Slice const & header)
     seconds = static_cast<unsigned char>(bits.take(6));
     pictures = static_cast<unsigned char>(bits.take(6));
     isClosed = bits.takeFlag();
+}
+
+Utils::TimeCode GroupHeader::timeCode(Rate const & rate) const
+try
+{
+    // From 50 frames per second on a time code counts pairs, the header not.
+    auto const frameRate = static_cast<unsigned char>((rate.numerator() + rate.denominator() - 1) / rate.denominator());
+    bool const inPairs = frameRate == 50 || frameRate == 60;
+    auto const frames = static_cast<unsigned char>(inPairs ? pictures / 2 : pictures);
+    return Utils::TimeCode(frameRate, hours, minutes, seconds, frames, dropFrame, inPairs && pictures % 2 != 0);
+}
+catch (Exceptions::InvalidValue const &)
+{
+    return Utils::TimeCode();
 }
 
 bool PictureHeader::read(DataIO::Slice const & header)

@@ -3,6 +3,7 @@
 #include "DataIO/Slice.h"
 #include "Platform/Integers.h"
 #include "Templates/Rational.h"
+#include "Utils/TimeCode.h"
 
 #include <optional>
 
@@ -73,6 +74,11 @@ struct GroupHeader
     bool isClosed = false;
 
     void read(DataIO::Slice const & header);
+
+    /// Undefined when the header has numbers that no time of day has.
+    ///
+    /// \param rate  frames per second
+    Utils::TimeCode timeCode(Templates::Rational<int> const & rate) const;
 };
 
 enum class PictureType

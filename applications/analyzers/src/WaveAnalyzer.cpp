@@ -3,7 +3,6 @@
 #include "Analyzers/SampleCadence.h"
 #include "DataIO/BlockHolder.h"
 #include "DataIO/Memory/MemoryBlockFactory.h"
-#include "Essence/Converters/S331MMuxHelpers/PCMWaveReader.h"
 #include "Exceptions/InvalidFormat.h"
 #include "GenericContainer/EditUnit.h"
 #include "Metadata/Structural/AES3AudioEssenceDescriptor.h"
@@ -14,6 +13,7 @@
 #include "Types/UInt16.h"
 #include "Types/UInt32.h"
 #include "Types/UniversalLabel.h"
+#include "WaveStream.h"
 
 #include <algorithm>
 #include <limits>
@@ -22,13 +22,10 @@
 
 namespace Vantry { namespace Analyzers {
 
-using Essence::Converters::S331MMuxHelpers::PCMWaveReader;
 using GenericContainer::EditUnit;
 using Rate = Templates::Rational<int>;
 
 namespace {
-
-UInt64 const UNKNOWN_LENGTH = 0xFFFFFFFF;
 
 // A header may claim more sound than there is time for.
 UInt64 const MOST_UNITS = std::numeric_limits<int>::max();
@@ -45,64 +42,7 @@ ElementCoding const AES3 = {0x16,
                              0x0D, 0x01, 0x03, 0x01, 0x02, 0x06, 0x03, 0x00},
                             14};
 
-[[noreturn]] void refuse(std::string const & what)
-{
-    throw Exceptions::InvalidFormat(what.c_str(), __FILE__, __LINE__);
 }
-
-}
-
-// Knows, beside the format, how much sound there is.
-class WaveAnalyzer::Stream : public PCMWaveReader
-{
-public:
-    using PCMWaveReader::PCMWaveReader;
-
-    void decodePCMFormat(Essence::Wave::FormatPCMChunk const & format) override
-    {
-        if (format.wFormatTag != Essence::Wave::FORMAT_TAG_PCM &&
-            format.wFormatTag != Essence::Wave::FORMAT_TAG_EXTENSIBLE)
-            refuse("The wave format that ends at " + position() + " isn't PCM");
-        PCMWaveReader::decodePCMFormat(format);
-    }
-
-    void handleDataChunkBegin(UInt64 length) override { length_ = length; }
-
-    // Whole blocks in bytes, as the header claims; unknown for a stream whose
-    // writer couldn't go back.
-    std::optional<UInt64> length() const
-    {
-        return length_ == UNKNOWN_LENGTH ? std::nullopt : std::optional<UInt64>(length_ - length_ % numberBlockAlign());
-    }
-
-    // Some writers leave it open how many bits carry sound.
-    unsigned int soundBits() const
-    {
-        bool const isTold = validBitsPerSample() != 0 && validBitsPerSample() <= bitsPerSample();
-        return isTold ? validBitsPerSample() : bitsPerSample();
-    }
-
-    // Where the reader stands in the stream as a whole.
-    std::string position() { return "byte " + std::to_string(reader().absoluteOffset()); }
-
-    // Appends up to so many bytes, fewer at the end.
-    UInt64 take(UInt64 size, DataIO::Chain & chain)
-    {
-        UInt64 taken = 0;
-        while (taken < size)
-        {
-            Templates::auto_ptr<DataIO::Slice> slice = read(size - taken);
-            if (slice->size() == 0 && (state() != STATE_IN_DATA || endOfStream()))
-                break;
-            taken += slice->size();
-            chain.push_back(slice);
-        }
-        return taken;
-    }
-
-private:
-    UInt64 length_ = 0;
-};
 
 class WaveAnalyzer::Impl
 {
@@ -119,9 +59,8 @@ public:
         if (!stream.preload())
             return false;
 
-        checkFormat();
-        if (stream.gotoNextDataChunk() != Stream::STATE_IN_DATA)
-            refuse("The wave stream ends at " + stream.position() + " without sound");
+        checkChannel();
+        stream.goToSound();
         isLoaded = true;
         adopt(rate);
         return true;
@@ -146,34 +85,16 @@ public:
         return Rate(static_cast<int>(samples), static_cast<int>(stream.samplesPerSecond()));
     }
 
-    bool isDone()
-    {
-        if (!isLoaded)
-            return false;
-        std::optional<UInt64> const length = stream.length();
-        return length ? stream.absoluteOffset() >= *length : stream.endOfStream();
-    }
+    bool isDone() { return isLoaded && stream.isDone(); }
 
     // The samples of the next edit unit, as far as there are any; returns
     // their number.
     UInt64 takeSamples(DataIO::Chain & data)
     {
-        UInt64 const streamBlock = stream.numberBlockAlign();
-        UInt64 wanted = cadence->samples(editUnits) * streamBlock;
-        if (std::optional<UInt64> const length = stream.length())
-            wanted = std::min(wanted, *length - std::min(*length, stream.absoluteOffset()));
-
         DataIO::Chain bytes;
-        UInt64 const size = stream.take(wanted, bytes);
-        if (size < wanted && stream.length())
-            refuse("The wave stream ends at " + stream.position() + ", " +
-                   std::to_string(*stream.length() - stream.absoluteOffset()) + " bytes short of its sound");
-
-        UInt64 const samples = size / streamBlock;
-        DataIO::Chain cut;
-        bytes.chopEnd(size - samples * streamBlock, cut);
+        UInt64 const samples = stream.takeSamples(cadence->samples(editUnits), bytes);
         if (picksChannel())
-            data.push_back(pick(*bytes.makeSlice(0, samples * streamBlock)));
+            data.push_back(pick(*bytes.makeSlice(0, bytes.data_size())));
         else
             data.push_back(bytes);
         return samples;
@@ -212,7 +133,7 @@ public:
         return Rate(static_cast<int>(seconds.numerator()), static_cast<int>(seconds.denominator()));
     }
 
-    Stream stream;
+    WaveStream stream;
     Labels::Mapping const mapping;
     int const channel;
     bool fillsLastEditUnit;
@@ -222,20 +143,15 @@ public:
     UInt64 samples = 0;
 
 private:
-    void checkFormat()
+    void checkChannel()
     {
-        unsigned int const bits = stream.bitsPerSample();
         unsigned int const streamChannels = stream.numberOfChannels();
-        bool const isWhole = streamChannels != 0 && stream.numberBlockAlign() == streamChannels * ((bits + 7) / 8);
-        if (bits == 0 || bits > 32 || !isWhole || stream.samplesPerSecond() == 0 ||
-            stream.samplesPerSecond() > static_cast<unsigned int>(std::numeric_limits<int>::max()))
-            refuse("The wave format that ends at " + stream.position() + " has " + std::to_string(streamChannels) +
-                   " channels of " + std::to_string(bits) + " bits in blocks of " +
-                   std::to_string(stream.numberBlockAlign()) + " bytes at " +
-                   std::to_string(stream.samplesPerSecond()) + " Hz");
         if (picksChannel() && static_cast<unsigned int>(channel) >= streamChannels)
-            refuse("The wave stream has no channel " + std::to_string(channel) + " but " +
-                   std::to_string(streamChannels) + " channels");
+        {
+            std::string const text = "The wave stream has no channel " + std::to_string(channel) + " but " +
+                                     std::to_string(streamChannels) + " channels";
+            throw Exceptions::InvalidFormat(text.c_str(), __FILE__, __LINE__);
+        }
     }
 
     Templates::auto_ptr<DataIO::Slice> pick(DataIO::Slice const & blocks) const
@@ -360,7 +276,7 @@ void WaveAnalyzer::describe(EssenceMetadata & metadata)
     namespace Keys = Metadata::Structural::StructuralMetadataKeys;
     using Sound = Metadata::Structural::WAVEAudioEssenceDescriptor;
 
-    Stream const & stream = impl_->stream;
+    WaveStream const & stream = impl_->stream;
     Rate const samplingRate(static_cast<int>(stream.samplesPerSecond()));
     auto & sound = metadata.describe<Sound>(
         impl_->mapping == Labels::AES3 ? Keys::aes3AudioEssenceDescriptor() : Keys::waveAudioEssenceDescriptor(),

@@ -82,7 +82,6 @@ protected:
     void complete(EssenceMetadata & metadata) override;
 
 private:
-    class Stream;
     class Impl;
     std::unique_ptr<Impl> impl_;
 };
