@@ -92,6 +92,10 @@ UInt64 SliceReader::skip(UInt64 howMuch)
 Templates::auto_ptr<Slice> SliceReader::nextSlice(UInt64 maximum)
 {
     Templates::auto_ptr<Slice> slice = impl_->cache.empty() ? impl_->source->read(maximum) : impl_->cache.takeFirst();
+
+    // Some sources say so that they have ended.
+    if (slice.get() == nullptr)
+        return Templates::auto_ptr<Slice>(new Slice);
     if (slice->size() > maximum)
         unget(slice->splice(slice->begin() + maximum));
     return slice;

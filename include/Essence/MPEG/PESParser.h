@@ -23,7 +23,7 @@ namespace Vantry { namespace Essence { namespace MPEG {
 ///   for the PES header." where it starts too late,
 /// - Exceptions::IOError when the medium fails.
 ///
-/// So does the next one then.
+/// The next one goes on from there.
 class VANTRY_EXPORT PESParser : public DataIO::SliceSource
 {
 public:

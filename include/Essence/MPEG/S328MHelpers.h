@@ -10,17 +10,12 @@ class TimeCode;
 
 namespace Essence { namespace MPEG {
 
-/// The time code in the user data of MPEG-2 video (SMPTE 328M). Its 64 bits
-/// are those of SMPTE 12M, in BCD, and are spread so that no start code comes
-/// about; m is a marker bit of 1:
+/// The time code in the user data of MPEG-2 video (SMPTE 328M).
 ///
-///     V    frames, seconds, minutes, hours: a byte each; 4 of binary groups
-///
-///     0    V 63-56                          5    V 25-18
-///     1    V 55-48                          6    V 17-16, m, V 15-11
-///     2    m, V 47-41                       7    V 10-3
-///     3    V 40-33                          8    V 2-0, m, four bits of 0
-///     4    V 32, m, V 31-26
+/// It is a value of 64 bits as in SMPTE 12M: frames, seconds, minutes and
+/// hours, a byte of BCD each, and four bytes of binary groups. Four times 16
+/// bits of it, the highest first, have a marker bit of 1 behind them, so that
+/// no start code comes about; four bits of 0 follow.
 struct S328M_TIME_CODE
 {
     unsigned char bytes[9] = {};
