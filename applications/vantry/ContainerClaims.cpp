@@ -14,6 +14,7 @@
 #include "Types/UInt32.h"
 #include "Types/UMID32.h"
 #include "Types/UniversalLabel.h"
+#include "UntiedStream.h"
 
 #include <string_view>
 
@@ -65,9 +66,9 @@ void claimByTracks(Structural::GenericPackage const & package, ContainerClaim & 
             continue;
 
         // Pictures rule, else what comes first.
-        ++claim.tracks;
+        claim.trackNumbers.push_back(track->trackNumber() != nullptr ? track->trackNumber()->value() : 0);
         bool const isPicture = std::string_view(facts.kind) == "picture";
-        if (claim.tracks > 1 && (hasPicture || !isPicture))
+        if (claim.trackNumbers.size() > 1 && (hasPicture || !isPicture))
             continue;
         hasPicture = isPicture;
         claim.editRate = EditRate::of(facts.editRate);
@@ -125,6 +126,21 @@ std::map<unsigned int, ContainerClaim> readClaims(MetadataTree const & tree)
                 claimByPackage(tree, *place, claim);
     }
     return claims;
+}
+
+std::optional<ContainerClaim> readOnlyClaim(MetadataTree const & tree)
+{
+    std::optional<ContainerClaim> claim;
+    for (MetadataTree::Place place = 0; place < tree.nodes().size(); ++place)
+    {
+        auto const * const package = dynamic_cast<Structural::GenericPackage const *>(tree.nodes()[place].set);
+        if (package == nullptr || !isFilePackage(*package))
+            continue;
+        if (claim)
+            return std::nullopt;
+        claimByPackage(tree, place, claim.emplace());
+    }
+    return claim;
 }
 
 }}

@@ -4,18 +4,17 @@
 #include "FileLayout.h"
 #include "MXFIO/Partition.h"
 #include "Packs/PartitionPack.h"
+#include "UntiedStream.h"
 #include "Warnings.h"
 
 #include <fmt/format.h>
+#include <set>
 
 namespace Vantry { namespace Application {
 
 namespace {
 
 using Json = ContainerReport::Json;
-
-// Rates above are those of samples: a packet holds many.
-double const HIGHEST_FRAME_RATE = 1000;
 
 template <class Value>
 Json orNull(std::optional<Value> const & value)
@@ -48,6 +47,14 @@ Wrapping wrappingOf(ContainerClaim const & claim, EssenceStream const & stream, 
     return first->isAlone && !isOneUnit ? Wrapping::CLIP : Wrapping::FRAME;
 }
 
+/// Edit units of an index as those of the tracks.
+UInt64 asClaimed(UInt64 units, StreamIndex const & index, ContainerClaim const & claim)
+{
+    bool const areTold = index.editRate() && claim.editRate;
+    return areTold && index.editRate()->goesWith(*claim.editRate) ? index.editRate()->convert(units, *claim.editRate)
+                                                                  : units;
+}
+
 /// Whether the first packet holds many edit units, whatever labels say.
 bool isClip(Wrapping wrapping, FirstPacket const & first, StreamIndex const & index)
 {
@@ -66,6 +73,8 @@ ContainerReport::ContainerReport(FileLayout const & layout, StreamIndexes const 
 Json ContainerReport::containers() const
 {
     std::map<unsigned int, ContainerClaim> claims = readClaims(tree_);
+    if (claims.empty())
+        claimAnyStream(claims);
     for (MXFIO::Partition const * partition : layout_.partitions())
     {
         Packs::PartitionPack const & pack = partition->partitionPack();
@@ -81,6 +90,31 @@ Json ContainerReport::containers() const
     for (auto const & [bodySID, claim] : claims)
         all.push_back(container(bodySID, claim));
     return all;
+}
+
+void ContainerReport::claimAnyStream(std::map<unsigned int, ContainerClaim> & claims) const
+{
+    std::optional<ContainerClaim> const claim = readOnlyClaim(tree_);
+    if (!claim)
+        return;
+
+    std::vector<StreamStart> streams;
+    std::set<unsigned int> known = {0};
+    Warnings ofStreams; // they come again
+    for (MXFIO::Partition const * partition : layout_.partitions())
+    {
+        unsigned int const bodySID = partition->partitionPack().bodySID();
+        if (partition->partitionPack().isGenericStreamsPartition() || !known.insert(bodySID).second)
+            continue;
+        EssenceStream const stream(layout_, bodySID, ofStreams);
+        if (std::optional<FirstPacket> const first = FirstPacket::find(layout_.file(), stream))
+            streams.push_back({bodySID, elementNumberOf(first->key)});
+    }
+    if (streams.empty())
+        return;
+    StreamChoice const choice = chooseStream(streams, claim->trackNumbers);
+    warnings_.add(choice.text());
+    claims.emplace(choice.bodySID, *claim);
 }
 
 Json ContainerReport::container(unsigned int bodySID, ContainerClaim const & claim) const
@@ -118,12 +152,12 @@ std::optional<UInt64> ContainerReport::count(EssenceStream const & stream, Strea
         return countClip(*first, index, claim, stream.bodySID());
 
     bool const hasIndex = index.kind() != "none";
-    bool const isOfSamples = claim.editRate && claim.editRate->perSecond() > HIGHEST_FRAME_RATE;
+    bool const isOfSamples = claim.editRate && claim.editRate->isOfSamples();
     if (!hasIndex && (wrapping == Wrapping::OTHER || isOfSamples))
         return std::nullopt;
 
-    UInt64 const units = countInFrames(layout_.file(), stream, index, claim.tracks, warnings_);
-    return hasIndex && index.editRate() && claim.editRate ? index.editRate()->convert(units, *claim.editRate) : units;
+    UInt64 const units = countInFrames(layout_.file(), stream, index, claim.trackNumbers.size(), warnings_);
+    return hasIndex ? asClaimed(units, index, claim) : units;
 }
 
 std::optional<UInt64> ContainerReport::countClip(FirstPacket const & clip, StreamIndex const & index,
@@ -141,9 +175,9 @@ std::optional<UInt64> ContainerReport::countClip(FirstPacket const & clip, Strea
         return isWhole ? claim.duration : 0;
 
     std::optional<UInt64> const units = countInClip(clip, index);
-    if (units && index.editRate() && claim.editRate)
-        return index.editRate()->convert(*units, *claim.editRate);
-    if (!units && claim.blockAlign != 0 && claim.samplingRate && claim.editRate)
+    if (units)
+        return asClaimed(*units, index, claim);
+    if (claim.blockAlign != 0 && claim.samplingRate && claim.editRate)
         return claim.samplingRate->convert(clip.valueThere / claim.blockAlign, *claim.editRate);
     return units;
 }
@@ -159,7 +193,7 @@ void ContainerReport::findFaults(unsigned int bodySID, ContainerClaim const & cl
                                   *claim.duration));
     if (claim.isData || index.kind() == "none" || !index.editUnits() || !index.editRate() || !claim.editRate)
         return;
-    UInt64 const indexed = index.editRate()->convert(*index.editUnits(), *claim.editRate);
+    UInt64 const indexed = asClaimed(*index.editUnits(), index, claim);
     if (indexed < *claim.duration)
         warnings_.add(
             fmt::format("the index of body SID {} covers {} of {} edit units", bodySID, indexed, *claim.duration));

@@ -7,6 +7,7 @@
 
 #include <nlohmann/json.hpp>
 #include <optional>
+#include <vector>
 
 namespace Vantry { namespace Application {
 
@@ -20,8 +21,8 @@ struct ContainerClaim
     std::optional<EditRate> editRate;
     std::optional<UInt64> duration; // in edit units
 
-    /// How many tracks the essence is of.
-    UInt64 tracks = 0;
+    /// Of the tracks that the essence is of.
+    std::vector<unsigned int> trackNumbers;
 
     /// Neither picture nor sound, but such as timed text.
     bool isData = false;
@@ -49,6 +50,7 @@ public:
     Json containers() const;
 
 private:
+    void claimAnyStream(std::map<unsigned int, ContainerClaim> & claims) const;
     Json container(unsigned int bodySID, ContainerClaim const & claim) const;
     std::optional<UInt64> count(EssenceStream const & stream, StreamIndex const & index, ContainerClaim const & claim,
                                 Wrapping wrapping, std::optional<FirstPacket> const & first) const;
@@ -65,5 +67,9 @@ private:
 
 /// The claims of a file by body SID.
 std::map<unsigned int, ContainerClaim> readClaims(MetadataTree const & tree);
+
+/// What the only file package claims of essence that may be anywhere; none when
+/// there is no such package, or several.
+std::optional<ContainerClaim> readOnlyClaim(MetadataTree const & tree);
 
 }}

@@ -1,6 +1,7 @@
 #include "ContainerSurvey.h"
 
 #include "DataIO/RandomAccessDataSource.h"
+#include "EditRate.h"
 #include "Exceptions/BaseException.h"
 #include "Exceptions/IOError.h"
 #include "KLV/KeyPredicates.h"
@@ -9,8 +10,10 @@
 #include "MXFIO/Partition.h"
 #include "MXFIO/Reader2.h"
 #include "Packs/PartitionPack.h"
+#include "UntiedStream.h"
 
 #include <algorithm>
+#include <set>
 
 namespace Vantry { namespace Application {
 
@@ -19,10 +22,6 @@ using GenericContainer::RP224UniversalLabels;
 namespace {
 
 UInt64 const SEARCH_LIMIT = 65536;
-
-// Tracks that count samples don't tell how many elements a frame-wrapped
-// container has.
-Int64 const HIGHEST_FRAME_RATE = 1000;
 
 /// Asks a question that a damaged file answers with an exception, which is no
 /// answer then.
@@ -46,7 +45,7 @@ auto ask(Question const & question) -> decltype(question())
 bool holds(MXFIO::Partition & partition, EssenceContainer const & container)
 {
     unsigned const bodySID = partition.partitionPack().bodySID();
-    return bodySID != 0 && (container.bodySID == 0 || bodySID == container.bodySID);
+    return bodySID != 0 && bodySID == container.bodySID;
 }
 
 MXFIO::Partition * nextOf(MXFIO::Reader2 & reader, MXFIO::Partition * partition, EssenceContainer const & container)
@@ -139,6 +138,19 @@ Templates::Rational<Int64> lowestRate(EssenceContainer const & container)
     return lowest;
 }
 
+EditRate editRateOf(Templates::Rational<Int64> const & rate)
+{
+    return {static_cast<UInt32>(rate.numerator()), static_cast<UInt32>(rate.denominator())};
+}
+
+/// That of the index, unless it can't be.
+Templates::Rational<Int64> rateOf(EditUnitIndex const & index, EssenceContainer const & container)
+{
+    Templates::Rational<Int64> const lowest = lowestRate(container);
+    Templates::Rational<Int64> const rate = index.editRate().value_or(lowest);
+    return lowest == 0 || editRateOf(rate).goesWith(editRateOf(lowest)) ? rate : lowest;
+}
+
 /// The duration of a track in edit units of its container.
 std::optional<Int64> durationIn(Templates::Rational<Int64> const & rate, EssenceTrack const & track)
 {
@@ -158,7 +170,8 @@ std::optional<Int64> durationIn(Templates::Rational<Int64> const & rate, Essence
 /// What all tracks have.
 std::optional<Int64> claimedDuration(EssenceContainer const & container, ContainerSurvey const & survey)
 {
-    if (!survey.isClipWrapped && survey.editRate > HIGHEST_FRAME_RATE)
+    // Tracks that count samples don't tell how many elements there are.
+    if (!survey.isClipWrapped && survey.editRate > 0 && editRateOf(survey.editRate).isOfSamples())
         return std::nullopt;
 
     std::optional<Int64> shortest;
@@ -166,6 +179,39 @@ std::optional<Int64> claimedDuration(EssenceContainer const & container, Contain
         if (std::optional<Int64> const duration = durationIn(survey.editRate, track))
             shortest = std::min(shortest.value_or(*duration), *duration);
     return shortest;
+}
+
+Templates::auto_ptr<KLV::Packet> firstElementOf(MXFIO::Partition & partition)
+{
+    partition.rewind();
+    Templates::auto_ptr<KLV::Packet> packet;
+    do
+        packet = partition.nextBodyKLV(SEARCH_LIMIT);
+    while (packet.get() != nullptr && !isEssenceElement(packet->key()));
+    return packet;
+}
+
+/// The streams that have essence, as far as the file can be read.
+std::vector<StreamStart> streamsIn(MXFIO::Reader2 & reader)
+{
+    std::vector<StreamStart> streams;
+    std::set<unsigned> found = {0};
+    ask(
+        [&]
+        {
+            for (auto * partition = reader.headerPartition(); partition != nullptr;
+                 partition = reader.nextPartition(partition))
+            {
+                Packs::PartitionPack const & pack = partition->partitionPack();
+                if (pack.isGenericStreamsPartition() || found.count(pack.bodySID()) != 0)
+                    continue;
+                Templates::auto_ptr<KLV::Packet> const first = firstElementOf(*partition);
+                if (first.get() != nullptr)
+                    streams.push_back({*found.insert(pack.bodySID()).first, elementNumberOf(first->key())});
+            }
+            return true;
+        });
+    return streams;
 }
 
 /// Whether the first element of an edit unit begins there.
@@ -203,6 +249,23 @@ bool isEssenceElement(KLV::Key const & key)
     return isRegistered || KLV::isEssence(key);
 }
 
+void findStream(MXFIO::Reader2 & reader, EssenceContainer & container)
+{
+    if (container.bodySID != 0)
+        return;
+    std::vector<StreamStart> const streams = streamsIn(reader);
+    if (streams.empty())
+        return;
+
+    std::vector<unsigned> trackNumbers;
+    for (EssenceTrack const & track : container.tracks)
+        trackNumbers.push_back(track.trackNumber);
+    StreamChoice const choice = chooseStream(streams, trackNumbers);
+    container.bodySID = choice.bodySID;
+    if (choice.isGuess)
+        container.doubt = choice.text();
+}
+
 ContainerSurvey surveyContainer(MXFIO::Reader2 & reader, EssenceContainer const & container)
 {
     ContainerSurvey survey;
@@ -213,7 +276,7 @@ ContainerSurvey surveyContainer(MXFIO::Reader2 & reader, EssenceContainer const 
             return true;
         });
     survey.index = std::make_unique<EditUnitIndex>(reader, container.bodySID, container.indexSID);
-    survey.editRate = survey.index->editRate().value_or(lowestRate(container));
+    survey.editRate = rateOf(*survey.index, container);
     survey.duration = claimedDuration(container, survey);
     return survey;
 }

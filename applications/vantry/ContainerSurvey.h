@@ -40,6 +40,12 @@ struct ContainerSurvey
 /// \throws Exceptions::IOError when the file can't be read.
 ContainerSurvey surveyContainer(MXFIO::Reader2 & reader, EssenceContainer const & container);
 
+/// Finds the stream of a container that the metadata tie to none; no other
+/// changes.
+///
+/// \throws Exceptions::IOError when the file can't be read.
+void findStream(MXFIO::Reader2 & reader, EssenceContainer & container);
+
 /// Where an edit unit of a frame-wrapped container begins in the file, by the
 /// index; nothing when it doesn't tell, or no edit unit begins there.
 ///

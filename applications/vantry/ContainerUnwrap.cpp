@@ -3,6 +3,7 @@
 #include "BlockSource.h"
 #include "KLV/KeyPredicates.h"
 #include "KLV/Packet.h"
+#include "UntiedStream.h"
 
 #include <algorithm>
 #include <limits>
@@ -11,18 +12,10 @@ namespace Vantry { namespace Application {
 
 namespace {
 
-// The last four bytes of an element's key: item, count of elements, kind,
-// number of the element.
-int const TRACK_NUMBER = 12;
+// Of the four bytes of a number: item, count of elements, kind, number of the
+// element.
+int const ITEM = 12;
 unsigned const ALL_BUT_COUNT = 0xFF00FFFF;
-
-unsigned trackNumberOf(KLV::Key const & key)
-{
-    unsigned number = 0;
-    for (int i = 0; i < 4; ++i)
-        number = number << 8 | key[TRACK_NUMBER + i];
-    return number;
-}
 
 /// Items of the Generic Container have the same low digit as those of the
 /// older SDTI content package; private keys tell nothing.
@@ -30,7 +23,7 @@ bool isOfKind(KLV::Key const & key, std::string const & kind)
 {
     if (!KLV::isEssence(key))
         return true;
-    int const item = key[TRACK_NUMBER] & 0x0F;
+    int const item = key[ITEM] & 0x0F;
     return kind == "picture" ? item == 5 || item == 8 : kind == "sound" ? item == 6 : item == 7;
 }
 
@@ -41,19 +34,17 @@ UInt64 saturatedSum(UInt64 a, UInt64 b)
 
 }
 
-ContainerUnwrap::ContainerUnwrap(EssenceContainer const & container, std::optional<Int64> duration,
+ContainerUnwrap::ContainerUnwrap(EssenceContainer const & container, ContainerSurvey const & survey,
                                  EditUnitRange const & range, Tracks tracks) :
-    bodySID_(container.bodySID),
-    tracksInContainer_(container.tracks.size()),
-    duration_(duration),
-    range_(range),
-    tracks_(std::move(tracks))
+    bodySID_(container.bodySID), duration_(survey.duration), range_(range), tracks_(std::move(tracks))
 {
+    unsigned const number = container.tracks.front().trackNumber;
+    isOnlyTrack_ = container.tracks.size() == 1 && !(survey.firstKey && elementNumberOf(*survey.firstKey) == number);
 }
 
 UnwrappedTrack * ContainerUnwrap::trackOf(KLV::Packet const & packet) const
 {
-    unsigned const number = trackNumberOf(packet.key());
+    unsigned const number = elementNumberOf(packet.key());
     for (auto const & track : tracks_)
         if (track->track().trackNumber == number)
             return track.get();
@@ -62,8 +53,8 @@ UnwrappedTrack * ContainerUnwrap::trackOf(KLV::Packet const & packet) const
             return track.get();
 
     // Some writers don't number the only track, or not as its elements.
-    bool const isOnly = tracksInContainer_ == 1 && isOfKind(packet.key(), tracks_.front()->track().kind);
-    return isOnly ? tracks_.front().get() : nullptr;
+    bool const isAnyOfKind = isOnlyTrack_ && isOfKind(packet.key(), tracks_.front()->track().kind);
+    return isAnyOfKind ? tracks_.front().get() : nullptr;
 }
 
 std::optional<UInt64> ContainerUnwrap::missing(bool isDamaged) const
@@ -81,7 +72,7 @@ std::optional<UInt64> ContainerUnwrap::missing(bool isDamaged) const
 
 FrameUnwrap::FrameUnwrap(EssenceContainer const & container, ContainerSurvey const & survey,
                          EditUnitRange const & range, Tracks tracks, UInt64 start, Int64 editUnit) :
-    ContainerUnwrap(container, survey.duration, range, std::move(tracks)),
+    ContainerUnwrap(container, survey, range, std::move(tracks)),
     firstKey_(survey.firstKey),
     start_(start),
     editUnit_(editUnit - 1)
@@ -198,7 +189,7 @@ private:
 
 ClipUnwrap::ClipUnwrap(EssenceContainer const & container, ContainerSurvey survey, EditUnitRange const & range,
                        Tracks tracks) :
-    ContainerUnwrap(container, survey.duration, range, std::move(tracks)), survey_(std::move(survey))
+    ContainerUnwrap(container, survey, range, std::move(tracks)), survey_(std::move(survey))
 {
 }
 

@@ -34,7 +34,7 @@ public:
 
     virtual ~ContainerUnwrap() = default;
 
-    bool isIn(unsigned bodySID) const { return bodySID_ == 0 || bodySID == bodySID_; }
+    bool isIn(unsigned bodySID) const { return bodySID == bodySID_; }
 
     /// Takes an element, whose value the source stands before.
     virtual void take(KLV::Packet const & packet, BlockSource & source) = 0;
@@ -57,7 +57,7 @@ public:
     Tracks const & tracks() const { return tracks_; }
 
 protected:
-    ContainerUnwrap(EssenceContainer const & container, std::optional<Int64> duration, EditUnitRange const & range,
+    ContainerUnwrap(EssenceContainer const & container, ContainerSurvey const & survey, EditUnitRange const & range,
                     Tracks tracks);
 
     /// The track that an element belongs to; null when it isn't wanted.
@@ -69,10 +69,10 @@ protected:
 
 private:
     unsigned bodySID_;
-    std::size_t tracksInContainer_;
     std::optional<Int64> duration_;
     EditUnitRange range_;
     Tracks tracks_;
+    bool isOnlyTrack_; // whatever its number says
     bool isDone_ = false;
     bool isCounted_ = true;
 };

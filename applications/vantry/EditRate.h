@@ -23,7 +23,12 @@ struct EditRate
     /// So many edit units of this rate in whole ones of another.
     UInt64 convert(UInt64 count, EditRate const & other) const;
 
-    double perSecond() const { return static_cast<double>(numerator) / denominator; }
+    /// Whether the edit units are samples of sound: a packet holds many.
+    bool isOfSamples() const;
+
+    /// Whether edit units of both rates may count the same essence, as samples
+    /// and fields do the frames. Other differences are slips of a writer.
+    bool goesWith(EditRate const & other) const;
 };
 
 }}

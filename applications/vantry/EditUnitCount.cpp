@@ -93,8 +93,8 @@ public:
                 elementsOfFirst = elements;
             elements = 0;
         }
-        elements += !isOfSystemItem(packet.key());
         isCut = bytesThere < packet.length();
+        elements += !isCut && !isOfSystemItem(packet.key());
         if (isCut)
             warnings_.add(cutFault(packet, bytesThere));
     }
@@ -108,7 +108,7 @@ public:
     std::optional<KLV::Key> firstKey;
     bool beginsWithGap = false;
     UInt64 units = 0;
-    UInt64 elements = 0; // of the last one
+    UInt64 elements = 0; // of the last one, those that are whole
     std::optional<UInt64> elementsOfFirst;
     bool isCut = false;
 
@@ -209,10 +209,12 @@ private:
         return unit < index_.offsets().size() ? index_.offsets()[unit] : stream_.end();
     }
 
+    // What a writer adds to the last edit unit may be cut.
     UInt64 wholeUnits(UnitNotes const & notes, UInt64 elementsOfOne) const
     {
-        bool const lacksElements = stream_.endsOpen() && notes.elements < elementsOfOne;
-        return notes.units - (notes.units != 0 && (notes.isCut || lacksElements));
+        bool const mayLack = notes.isCut || stream_.endsOpen();
+        bool const lacksElements = mayLack && notes.elements < std::max<UInt64>(elementsOfOne, 1);
+        return notes.units - (notes.units != 0 && lacksElements);
     }
 
     StreamWalk walk_;
@@ -237,7 +239,7 @@ std::optional<FirstPacket> FirstPacket::find(DataIO::RandomAccessDataSource & fi
     if (!packet || !isOfEssence(packet->key()) || file.absoluteOffset() > end)
         return std::nullopt;
 
-    FirstPacket first{file.absoluteOffset() - stretch.fileStart, packet->length(), 0, false};
+    FirstPacket first{packet->key(), file.absoluteOffset() - stretch.fileStart, packet->length(), 0, false};
     first.valueThere = std::min(packet->length(), end - file.absoluteOffset());
     UInt64 const behind = endOf(*packet);
     Templates::auto_ptr<KLV::Packet> const next =

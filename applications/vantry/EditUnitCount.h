@@ -1,5 +1,6 @@
 #pragma once
 
+#include "KLV/Key.h"
 #include "Platform/Integers.h"
 
 #include <optional>
@@ -26,6 +27,7 @@ enum class Wrapping
 /// The first packet of a stream, which tells how that is wrapped.
 struct FirstPacket
 {
+    KLV::Key key;
     UInt64 valueStart;  // in the stream
     UInt64 valueLength; // as claimed
     UInt64 valueThere;

@@ -22,6 +22,7 @@
 #include "Types/UInt32.h"
 #include "Types/UMID32.h"
 #include "Types/UniversalLabel.h"
+#include "UntiedStream.h"
 
 #include <algorithm>
 #include <iterator>
@@ -153,17 +154,17 @@ EssenceContainer describe(SourcePackage const & package, PlayedTracks const & pl
     return container;
 }
 
-/// Of a file whose metadata don't say where the essence is: there is a single
-/// place then.
-std::vector<EssenceContainer> anyContainer(ContentStorage const & storage, PlayedTracks const & played)
+/// Of a file whose metadata don't say where the essence is.
+std::vector<EssenceContainer> onlyContainer(ContentStorage const & storage, PlayedTracks const & played)
 {
+    std::vector<EssenceContainer> containers;
     for (unsigned i = 0; i < storage.packagesCount(); ++i)
     {
         auto const * const package = dynamic_cast<SourcePackage const *>(storage.package(i));
-        if (package != nullptr && dynamic_cast<FileDescriptor const *>(package->descriptor()) != nullptr)
-            return {describe(*package, played)};
+        if (package != nullptr && isFilePackage(*package))
+            containers.push_back(describe(*package, played));
     }
-    return {};
+    return containers.size() == 1 ? containers : std::vector<EssenceContainer>();
 }
 
 ContentStorage const * contentStorage(Metadata::PartitionMetadata const & metadata)
@@ -201,7 +202,7 @@ std::vector<EssenceContainer> essenceContainers(Metadata::PartitionMetadata cons
         container.indexSID = data->indexSID() != nullptr ? data->indexSID()->value() : 0;
         containers.push_back(std::move(container));
     }
-    return containers.empty() ? anyContainer(*storage, played) : containers;
+    return containers.empty() ? onlyContainer(*storage, played) : containers;
 }
 
 }}

@@ -57,17 +57,22 @@ struct EssenceTrack
 /// Essence that lies in one stream of the file.
 struct EssenceContainer
 {
-    /// The stream; 0 where the metadata don't tell and any will do.
+    /// The stream; 0 where the metadata don't tell.
     unsigned bodySID = 0;
     unsigned indexSID = 0;
 
     /// What the label says.
     GenericContainer::RP224UniversalLabels::WrapKind wrapping = GenericContainer::RP224UniversalLabels::NEITHER;
 
+    /// What is to be said of a stream that the metadata don't tell, when others
+    /// would do as well.
+    std::string doubt;
+
     std::vector<EssenceTrack> tracks;
 };
 
 /// The containers of a file with their tracks, in the order of the metadata.
+/// Where these tie no package to a stream, that of the only file package.
 std::vector<EssenceContainer> essenceContainers(Metadata::PartitionMetadata const & metadata);
 
 }

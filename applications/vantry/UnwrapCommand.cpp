@@ -82,6 +82,8 @@ std::vector<EssenceContainer> readContainers(MXFIO::Reader2 & reader, Schema::Ta
         containers = containersOf(reader, partitionWithLastMetadata(reader), tables);
     if (!hasEssence(containers))
         containers = containersOf(reader, first, tables);
+    for (EssenceContainer & container : containers)
+        findStream(reader, container);
     if (!hasEssence(containers))
         throw Failure(ExitStatus::FAILED, file, "its metadata lead to no essence");
     return containers;
@@ -156,7 +158,10 @@ void UnwrapCommand::run(CommonOptions const & common, Output & output)
     if (!toStandardOutput())
         folder.emplace(folder_);
     Job const job = prepare(reader, containers);
-    std::string const fault = walk(job, common.quiet);
+    std::string fault = walk(job, common.quiet);
+    for (EssenceContainer const & container : containers)
+        if (fault.empty())
+            fault = container.doubt;
     deliver(job, fault);
     if (!toStandardOutput())
         report(job, common.json, output);

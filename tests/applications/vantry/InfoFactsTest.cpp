@@ -89,12 +89,12 @@ Bytes metadata(char const * container = FRAME_WRAPPED, Int64 duration = UNITS, b
 }
 
 /// A segment from edit unit `start` on: of one size, or with entries.
-Bytes index(Int64 start, Int64 duration, unsigned int entries, UInt32 unitSize = 0, int rate = 30000, UInt64 first = 0,
-            UInt64 distance = UNIT_SIZE)
+Bytes index(Int64 start, Int64 duration, unsigned int entries, UInt32 unitSize = 0,
+            Types::Rational const & rate = Types::Rational(30000, 1001), UInt64 first = 0, UInt64 distance = UNIT_SIZE)
 {
     auto const segment = indexSegment(start, duration);
     segment->indexSID(2);
-    segment->indexEditRate(Types::Rational(rate, rate == 0 ? 0 : 1001));
+    segment->indexEditRate(rate);
     if (unitSize != 0)
         segment->editUnitByteCount(unitSize);
     for (unsigned int i = 0; i < entries; ++i)
@@ -102,6 +102,31 @@ Bytes index(Int64 start, Int64 duration, unsigned int entries, UInt32 unitSize =
     BytesSink sink;
     segment->serialize(sink);
     return sink.bytes();
+}
+
+/// A segment for all edit units whose entries have so many slices, besides what
+/// is said of their number.
+Bytes slicedIndex(unsigned char slices)
+{
+    auto const segment = indexSegment(0, UNITS);
+    segment->sliceCount(slices);
+    for (unsigned int i = 0; i < UNITS; ++i)
+    {
+        IndexTables::IndexEntry entry(i * UNIT_SIZE);
+        for (unsigned int slice = 0; slice < slices; ++slice)
+            entry.addSliceOffset(slice, 20);
+        segment->addIndexEntry(i, entry);
+    }
+    return serialized(*segment);
+}
+
+/// A segment that has arrays of no entries.
+Bytes indexOfEmptyArrays(UInt32 unitSize, std::string const & entrySize)
+{
+    Bytes const arrays = hex("3F09 0008 00000000 00000006 3F0A 0008 00000000" + entrySize);
+    Bytes bytes = index(0, UNITS, 0, unitSize);
+    bytes[19] = static_cast<unsigned char>(bytes[19] + arrays.size()); // of the packet's length
+    return bytes + arrays;
 }
 
 /// Header, body and footer with the index.
@@ -240,7 +265,14 @@ TEST(InfoFacts, CountsByAnyIndex)
         {"repeated in the header", MXFFile(changed(repeatedIndex)).bytes(), 5, {}},
         {"of one size", with(index(0, UNITS, 0, UNIT_SIZE)), 5, {}},
         {"of one size, for as long as there is essence", with(index(0, 0, 0, UNIT_SIZE)), 5, {}},
-        {"without a rate", with(index(0, UNITS, UNITS, 0, 0)), 5, {}},
+        {"without a rate", with(index(0, UNITS, UNITS, 0, {0, 0})), 5, {}},
+        {"of another rate", with(index(0, UNITS, UNITS, 0, {1, 2})), 5, {}},
+        {"without number of slices", with(slicedIndex(0)), 5, {}},
+        {"with a slice", with(slicedIndex(1)), 5, {}},
+        {"with two slices", with(slicedIndex(2)), 5, {}},
+        {"of one size, with empty arrays", with(indexOfEmptyArrays(UNIT_SIZE, "00000000")), 5, {}},
+        {"of one size, with empty arrays of entries", with(indexOfEmptyArrays(UNIT_SIZE, "0000000B")), 5, {}},
+        {"of nothing but empty arrays", with(indexOfEmptyArrays(0, "0000000B")), 5, {}},
         {"one entry more than edit units", with(index(0, UNITS, UNITS + 1)), 5, {}},
         {"too short", with(index(0, 3, 3)), 5, {"the index of body SID 1 covers 3 of 5 edit units"}},
         {"with a gap", with(index(0, 1, 1) + index(3, 2, 2)), 5, {"the index of body SID 1 covers 1 of 5 edit units"}},
@@ -264,9 +296,14 @@ TEST(InfoFacts, CountsInACutClip)
     // Some makers count from the value of the clip, others from its key.
     for (UInt64 first : {0, 20})
     {
-        MXFFile const file(
-            {{HEADER, CLOSED, metadata(CLIP_WRAPPED), {}, 0, index(0, UNITS, UNITS, 0, 30000, first, VALUE_SIZE), 2},
-             {BODY, CLOSED, {}, packet(essenceKey(), counting(UNITS * VALUE_SIZE)), 1}});
+        MXFFile const file({{HEADER,
+                             CLOSED,
+                             metadata(CLIP_WRAPPED),
+                             {},
+                             0,
+                             index(0, UNITS, UNITS, 0, {30000, 1001}, first, VALUE_SIZE),
+                             2},
+                            {BODY, CLOSED, {}, packet(essenceKey(), counting(UNITS * VALUE_SIZE)), 1}});
         UInt64 const value = file.offset(1) + MXFFile::PACK_SIZE + 20;
         for (UInt64 size : {0, 1, 99, 100, 101, 300, 499, 500})
             EXPECT_EQ(reportOn(file.bytes().first(value + size))["containers"][0]["readable_edit_units"],
@@ -328,6 +365,12 @@ TEST(InfoFacts, NamesEachFault)
                }),
          5,
          {}},
+        {"no grid", lying(0, [](auto & pack) { pack.kagSize(0); }), 5, {}},
+        {"an unknown length", MXFFile(parts(index(0, UNITS, UNITS), metadata(FRAME_WRAPPED, -1))).bytes(), 5, {}},
+        {"no stream that the metadata tell of",
+         MXFFile(parts(index(0, UNITS, UNITS), metadata(FRAME_WRAPPED, UNITS, false))).bytes(),
+         5,
+         {"the metadata don't tell where the essence of their file package is: body SID 1 is taken"}},
         {"a footer offset that lies",
          lying(0, [](auto & pack) { pack.footerPartition(99); }),
          5,

@@ -242,6 +242,20 @@ TEST(Info, ReadsWhatThereIsOfDamagedMetadata)
     }
 }
 
+// Makers leave the date out, or what was in memory in.
+TEST(Info, ShowsDatesThatCantBe)
+{
+    ScratchFolder const scratch;
+    for (auto const & [stamp, text] : {std::pair("0000 00 00 00 00 00 00", "0000-00-00T00:00:00.000"),
+                                       std::pair("A699 02 00 0A 30 05 13", "42649-02-00T10:48:05.076"),
+                                       std::pair("FFFF FF FF FF FF FF FF", "65535-255-255T255:255:255.1020")})
+    {
+        scratch.write("file", file(PRIMER + packet(IDENTIFICATION, instance(3) + element("3C06", hex(stamp)))));
+        Json const page = Json::parse(runVantry(scratch, "info --json file").output);
+        EXPECT_EQ(page["identifications"][0]["modified"], text);
+    }
+}
+
 TEST(Info, HoldsOutAgainstADeepTree)
 {
     unsigned const DEPTH = 30000;
@@ -261,6 +275,8 @@ TEST(Info, EndsWithAStatusAndALine)
     scratch.write("fill", FILL);
     scratch.write("late", repeated(65536, 7) + file(PRIMER));
     scratch.write("zeros", hex("06 0E 2B 34 02 05 01 01 0D 01 02 01 01 02 04 00") + repeated(90, 0));
+    scratch.write("primer", PRIMER);
+    scratch.write("index", packet("06 0E 2B 34 02 53 01 01 0D 01 02 01 01 10 01 00", hex("3F07 0004 00000001")));
 
     struct Case
     {
@@ -272,6 +288,8 @@ TEST(Info, EndsWithAStatusAndALine)
         {"info fill", 1, "vantry: fill: there is no partition at its start\n"},
         {"info late", 1, "vantry: late: there is no partition at its start\n"},
         {"info zeros", 1, "vantry: zeros: there is no partition at its start\n"},
+        {"info primer", 1, "vantry: primer: there is no partition at its start\n"},
+        {"info index", 1, "vantry: index: there is no partition at its start\n"},
         {"info --metadata - < fill", 2, "vantry: -: this command needs a file, standard input is read only once\n"},
         {"info --metadata /dev/null", 1,
          "vantry: /dev/null: is no plain file, and this command reads here and there\n"},

@@ -296,6 +296,8 @@ TEST(Unwrap, TakesRealFilesApart)
         {"F001_sample.mxf", 0, R"([[2,"picture","a_2.m2v",2,500040],[3,"sound","a_3.wav",2,46148]])"},
         {"F004_oneframe.pcm.mxf", 0, R"([[2,"sound","a_2.wav",1,36068]])"},
         {"F048_8c0c4ebc_mono_sine.mxf", 0, R"([[2,"sound","a_2.wav",44160,88364]])"}, // a clip, labelled as frames
+        {"F068_allMdTypes.mrx", 0, R"([[0,"data","a_0.bin",3,39]])"},                 // by the track's number
+        {"F072_rexy_sunbathe_mrx.mxf", 3, R"([[1,"data","a_1.bin",72,17697]])"},      // the first of two streams
         {"F080_CHIMERA_NETFLIX_2398.mxf.hdr", 1, "[]"},                               // a header alone
         {"F116_Plugfest_IMSC_text_IMP1_01_en_tt.mxf", 0, R"([[2,"data","a_2.bin",6240,20247]])"},
         {"F188_video.mxf", 0, R"([[2,"picture","a_2",24,54464]])"},
