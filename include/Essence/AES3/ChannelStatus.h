@@ -57,9 +57,12 @@ enum UseOfAuxiliarySampleBits : unsigned char
 
 /// A channel status block as it is stored. Bit 0 of byte 0 comes first on an
 /// interface, and bits are numbered from the least significant.
-struct ChannelStatusDataFormat
+struct VANTRY_EXPORT ChannelStatusDataFormat
 {
     static constexpr unsigned int BITS = 192;
+
+    bool operator==(ChannelStatusDataFormat const & other) const noexcept;
+    bool operator<(ChannelStatusDataFormat const & other) const noexcept;
 
     unsigned char bytes[BITS / 8] = {};
 };

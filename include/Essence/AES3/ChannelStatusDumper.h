@@ -14,7 +14,7 @@ class VANTRY_EXPORT ChannelStatusDumper
 public:
     VANTRY_CLASS_ALLOCATION
 
-    explicit ChannelStatusDumper(ChannelStatus & channelStatus) noexcept;
+    explicit ChannelStatusDumper(ChannelStatus const & channelStatus) noexcept;
 
     /// The next of the 192 bits; `framing` is set for the first of them.
     void pop(bool & framing, bool & value) noexcept;
@@ -23,7 +23,7 @@ public:
     void reset() noexcept;
 
 private:
-    ChannelStatus & channelStatus_;
+    ChannelStatus const * channelStatus_;
     unsigned int position_;
 };
 

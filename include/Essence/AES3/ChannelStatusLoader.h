@@ -34,7 +34,7 @@ public:
     void reset() noexcept;
 
 private:
-    ChannelStatus & channelStatus_;
+    ChannelStatus * channelStatus_;
     unsigned int position_;
     bool recording_;
     bool complete_;
