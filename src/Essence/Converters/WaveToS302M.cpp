@@ -4,7 +4,7 @@
 #include "DataIO/Memory/MemoryBlockFactory.h"
 #include "DataIO/SliceReader.h"
 #include "Essence/AES3/S302M/Header.h"
-#include "Essence/AES3/S302M/SamplePair.h"
+#include "Essence/AES3/S302M/PackedPairs.h"
 #include "Essence/RecordIn.h"
 #include "Essence/SkipByReading.h"
 #include "Essence/Wave/FormatChunk.h"
@@ -91,17 +91,28 @@ void PCMBlocks::handleFormatChunk(UInt64 chunkLength)
                 Templates::string("SMPTE 302M does not support ") + std::to_string(number).c_str() + ofWhat);
 }
 
-// Packs the first pair of each block.
+// Packs the first two samples of each block, and silence for the other pairs.
 template <unsigned int BITS>
-void packPairs(DataIO::Slice const & blocks, unsigned int blockAlign, unsigned char * group, UInt64 groupSize)
+void packBlocks(DataIO::Slice const & blocks, unsigned int blockAlign, unsigned int pairsPerBlock,
+                unsigned char * packed)
 {
     using Pair = AES3::S302M::SamplePair<BITS>;
 
-    for (unsigned char const * block = blocks.begin(); block != blocks.end(); block += blockAlign, group += groupSize)
+    unsigned char const * block = blocks.begin();
+    unsigned int silentPairs = 0;
+    auto const nextPair = [&]() -> UInt64
     {
+        if (silentPairs != 0)
+        {
+            --silentPairs;
+            return 0;
+        }
+        silentPairs = pairsPerBlock - 1;
         UInt64 const samples = AES3::S302M::numberIn<2 * Pair::PCM_SIZE>(block);
-        Pair::put(Pair::pairOf(samples & Pair::SAMPLE_MASK, samples >> BITS), group);
-    }
+        block += blockAlign;
+        return Pair::pairOf(samples & Pair::SAMPLE_MASK, samples >> BITS);
+    };
+    AES3::S302M::packPairs<BITS>(blocks.size() / blockAlign * pairsPerBlock, nextPair, packed);
 }
 
 }
@@ -171,13 +182,10 @@ Templates::auto_ptr<DataIO::Slice> WaveToS302M::Impl::packetOf(DataIO::Slice con
     header.audioPacketSize(static_cast<unsigned short>(payload));
     header.numberOfChannels(static_cast<unsigned char>(wave_->channels()));
     header.bitsPerSample(static_cast<unsigned char>(wave_->bits()));
-    unsigned char * const groups = std::copy_n(header.data(), Header::size(), block.block()->data());
+    unsigned char * const packed = std::copy_n(header.data(), Header::size(), block.block()->data());
 
-    // The pairs behind the first are silent.
-    if (wave_->channels() > 2)
-        std::fill_n(groups, payload, static_cast<unsigned char>(0));
-    auto const pack = wave_->bits() == 16 ? packPairs<16> : packPairs<24>;
-    pack(blocks, wave_->blockAlign(), groups, groupSize());
+    auto const pack = wave_->bits() == 16 ? packBlocks<16> : packBlocks<24>;
+    pack(blocks, wave_->blockAlign(), wave_->channels() / 2, packed);
     return Templates::auto_ptr<DataIO::Slice>(new DataIO::Slice(block.block(), 0, Header::size() + payload));
 }
 

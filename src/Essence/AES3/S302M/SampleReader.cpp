@@ -1,6 +1,6 @@
 #include "Essence/AES3/S302M/SampleReader.h"
 
-#include "Essence/AES3/S302M/SamplePair.h"
+#include "Essence/AES3/S302M/PackedPairs.h"
 
 namespace Vantry { namespace Essence { namespace AES3 { namespace S302M {
 
@@ -14,12 +14,14 @@ public:
 
     void decode(unsigned char const * packed, UInt64 pairs, unsigned char * pcm) const noexcept override
     {
-        for (; pairs > 0; --pairs, packed += Pair::SIZE, pcm += PCM_PAIR_SIZE)
-        {
-            UInt64 const pair = Pair::numberIn(packed);
-            UInt64 const samples = UInt64(Pair::sampleB(pair)) << 8 * Pair::PCM_SIZE | Pair::sampleA(pair);
-            putNumber<PCM_PAIR_SIZE>(samples << Pair::PCM_SHIFT, pcm);
-        }
+        unpackPairs<BITS>(packed, pairs,
+                          [&pcm](UInt64 pair)
+                          {
+                              UInt64 const samples =
+                                  UInt64(Pair::sampleB(pair)) << 8 * Pair::PCM_SIZE | Pair::sampleA(pair);
+                              putNumber<PCM_PAIR_SIZE>(samples << Pair::PCM_SHIFT, pcm);
+                              pcm += PCM_PAIR_SIZE;
+                          });
     }
 
     void loadChannelStatus(unsigned char const * packed, UInt64 groups,
