@@ -113,7 +113,8 @@ bool Source::Impl::readPacket()
         Templates::auto_ptr<DataIO::Slice> packed = packets_.nextSliceAligned(left - left % groupSize, groupSize);
         packed->cropEnd(packed->size() % groupSize);
         left -= packed->size();
-        decode(*packed);
+        if (packed->size() != 0)
+            decode(*packed);
     }
     packets_.skip(left);
     return left == 0;
