@@ -1,9 +1,12 @@
 // Analyzes any bytes as a stream of essence, and stops when the edit units
 // aren't a run of the stream, or one comes after the last.
 //
-// Input: one byte, 0 for MPEG-2 video, 1 for ancillary packets and others for
-// a wave, its lower bits for the channel; and the stream.
+// Input: one byte, 0 for MPEG-2 video, 1 for ancillary packets, FEh for DV, FFh
+// for DV in an AVI file and others for a wave, its lower bits for the channel; and
+// the stream.
 
+#include "Analyzers/AVIStream.h"
+#include "Analyzers/DVAnalyzer.h"
 #include "Analyzers/MPEG2VideoAnalyzer.h"
 #include "Analyzers/WaveAnalyzer.h"
 #include "Exceptions/BaseException.h"
@@ -27,6 +30,11 @@ std::unique_ptr<GenericContainer::EssenceAnalyzer> analyzerOf(std::uint8_t kind,
         return std::make_unique<Analyzers::MPEG2VideoAnalyzer>(Tests::queuedBytes(data, size));
     if (kind == 1)
         return std::make_unique<GenericContainer::S436M::ANCPacketsAnalyzer>(Tests::queuedBytes(data, size));
+    if (kind == 0xFE)
+        return std::make_unique<Analyzers::DVAnalyzer>(Tests::queuedBytes(data, size));
+    if (kind == 0xFF)
+        return std::make_unique<Analyzers::DVAnalyzer>(
+            Templates::SharedPtr<DataIO::SliceSource>(new Analyzers::AVIStream(Tests::queuedBytes(data, size), 0)));
     return std::make_unique<WaveAnalyzer>(Tests::queuedBytes(data, size), WaveAnalyzer::Labels::CLIP,
                                           WaveAnalyzer::Labels::BROADCAST_WAVE,
                                           kind % 4 == 0 ? WaveAnalyzer::ALL_CHANNELS : kind % 4 - 1);

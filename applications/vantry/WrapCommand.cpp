@@ -103,7 +103,10 @@ char const * WrapCommand::jsonForm() const
 
 void WrapCommand::declareOptions(Options & options)
 {
-    options.files(inputs_, "INPUT", "Wave files, streams of MPEG-2 video and folders of JPEG 2000 codestreams");
+    options.files(
+        inputs_, "INPUT",
+        "Wave files, streams of MPEG-2 video and DV, AVI files of DV and PCM, folders of JPEG 2000 codestreams, "
+        "ancillary data (SMPTE 436M)");
     options.requiredText("-o,--output", output_, "FILE", "The file to make; of several in opatom, the folder for them");
     options.text("--pattern", pattern_, "op1a|opatom",
                  "Make one file of all (default), or a file of each with a clip, which belong together");
@@ -196,40 +199,56 @@ unsigned int WrapCommand::number(std::optional<UInt64> const & given, char const
     return static_cast<unsigned int>(*given);
 }
 
-// A target that is nothing but folders stays without a name for the file.
-void WrapCommand::checkOutput(WrapSettings const & settings) const
+void WrapCommand::requireOutput() const
 {
     if (output_ == "-")
         wrongUsage("an MXF file can't go to standard output, for its header is completed last");
-    if (output_.empty() || (!makesFolder(settings) && !fs::path(output_).has_filename()))
+    if (output_.empty())
+        requireFileName();
+}
+
+// A target that is nothing but folders stays without a name for the file.
+void WrapCommand::requireFileName() const
+{
+    if (!fs::path(output_).has_filename())
         throw Failure(ExitStatus::WRONG_USAGE, name(), fmt::format("--output '{}' names no file", output_));
 }
 
-WrapSettings WrapCommand::checked(WrapSettings const & settings) const
+std::vector<FoundEssence> WrapCommand::findAll() const
 {
-    checkOutput(settings);
+    std::vector<FoundEssence> all;
+    for (std::string const & file : inputs_)
+        for (FoundEssence & found : findEssence(file))
+            all.push_back(std::move(found));
+
+    // So they are in a content package, and their tracks in the file.
+    std::stable_sort(all.begin(), all.end(),
+                     [](auto const & a, auto const & b) { return itemOf(a.kind) < itemOf(b.kind); });
+    return all;
+}
+
+WrapSettings WrapCommand::checked(WrapSettings const & settings)
+{
+    requireOutput();
     if (settings.isClip && settings.editUnitsPerPartition != 0)
         wrongUsage("--partition-every doesn't go with a clip, which stays whole");
-    if (settings.isClip && !settings.isAtom && inputs_.size() != 1)
-        wrongUsage(fmt::format("--wrapping clip takes one input, these are {}", inputs_.size()));
+    essence_ = findAll();
+    if (settings.isClip && !settings.isAtom && essence_.size() != 1)
+        wrongUsage(fmt::format("--wrapping clip takes one input, these are {}", essence_.size()));
+    if (!makesFolder(settings))
+        requireFileName();
     return settings;
 }
 
 WrappedFile::Inputs WrapCommand::openInputs(WrapSettings const & settings) const
 {
-    std::vector<InputKind> kinds;
-    for (std::string const & file : inputs_)
-        kinds.push_back(recogniseInput(file));
     bool const hasPictures =
-        std::any_of(kinds.begin(), kinds.end(), [](InputKind kind) { return kind != InputKind::WAVE; });
+        std::any_of(essence_.begin(), essence_.end(), [](auto const & found) { return isPictureKind(found.kind); });
     TakenAs const frames = hasPictures ? TakenAs::FRAMES_BESIDE_PICTURES : TakenAs::FRAMES;
 
     WrappedFile::Inputs inputs;
-    for (std::size_t i = 0; i < kinds.size(); ++i)
-        inputs.push_back(std::make_unique<WrapInput>(inputs_[i], kinds[i], settings.isClip ? TakenAs::CLIP : frames));
-
-    // So they are in a content package, and their tracks in the file.
-    std::stable_partition(inputs.begin(), inputs.end(), [](auto const & input) { return input->isPicture(); });
+    for (FoundEssence const & found : essence_)
+        inputs.push_back(std::make_unique<WrapInput>(found, settings.isClip ? TakenAs::CLIP : frames));
     return inputs;
 }
 

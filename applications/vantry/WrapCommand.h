@@ -24,8 +24,10 @@ private:
 
     [[noreturn]] void wrongUsage(std::string const & problem) const;
     WrapSettings settings() const;
-    void checkOutput(WrapSettings const & settings) const;
-    WrapSettings checked(WrapSettings const & settings) const;
+    void requireOutput() const;
+    void requireFileName() const;
+    std::vector<FoundEssence> findAll() const;
+    WrapSettings checked(WrapSettings const & settings);
     unsigned int number(std::optional<UInt64> const & given, char const * name, UInt64 most, unsigned int usual) const;
 
     WrappedFile::Inputs openInputs(WrapSettings const & settings) const;
@@ -34,7 +36,7 @@ private:
     Files makeFiles(WrapSettings const & settings, CommonOptions const & common) const;
     void requireNoInput(std::filesystem::path const & target) const;
     std::filesystem::path targetOf(std::string const & input, Files const & files) const;
-    bool makesFolder(WrapSettings const & settings) const { return settings.isAtom && inputs_.size() > 1; }
+    bool makesFolder(WrapSettings const & settings) const { return settings.isAtom && essence_.size() > 1; }
     void write(Files const & files, bool quiet) const;
     void writeEssence(Files const & files, bool quiet) const;
 
@@ -51,6 +53,9 @@ private:
     bool hasNoRIP_ = false;
     bool isDeterministic_ = false;
     bool force_ = false;
+
+    // What the inputs hold, in the order of their tracks.
+    std::vector<FoundEssence> essence_;
 };
 
 }}

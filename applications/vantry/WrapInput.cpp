@@ -1,42 +1,35 @@
 #include "WrapInput.h"
 
+#include "Analyzers/DVAnalyzer.h"
 #include "Analyzers/JPEG2000Analyzer.h"
 #include "Analyzers/MPEG2VideoAnalyzer.h"
 #include "Analyzers/WaveAnalyzer.h"
-#include "DataIO/File/FileSliceSource.h"
-#include "DataIO/RandomAccessDataSource.h"
+#include "DataIO/BlockHolder.h"
+#include "DataIO/Memory/MemoryBlockFactory.h"
 #include "Exceptions/BaseException.h"
+#include "Exceptions/InvalidFormat.h"
 #include "Failure.h"
 #include "GenericContainer/EditUnit.h"
-#include "Input.h"
-#include "Platform/Text.h"
+#include "GenericContainer/S436M/ANCPacketsAnalyzer.h"
+#include "GenericContainer/S436M/VBIDataAnalyzer.h"
 #include "Text.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <fmt/format.h>
-#include <vector>
+#include <utility>
 
 namespace Vantry { namespace Application {
 
-namespace fs = std::filesystem;
+using Analyzers::DVAnalyzer;
 using Analyzers::JPEG2000Analyzer;
 using Analyzers::MPEG2VideoAnalyzer;
 using Analyzers::WaveAnalyzer;
 using Labels = GenericContainer::RP224UniversalLabels;
+using Source = Templates::SharedPtr<DataIO::SliceSource>;
 
 namespace {
 
-// What is looked at to recognise an input.
-UInt64 const HEAD_SIZE = 65536;
-
-// A slice stays in the processor's cache on its way to the output.
-UInt64 const SLICE_SIZE = 1 << 18;
-
 unsigned int const MOST_CHANNELS = 8;
-
-// Start of codestream, and the size marker that follows.
-char const * const CODESTREAM_START = "\xFF\x4F\xFF\x51";
 
 // The length field of an element has three bytes for the number in frame
 // wrapping.
@@ -45,32 +38,6 @@ UInt64 const LARGEST_ELEMENT = 0xFFFFFF;
 [[noreturn]] void refuse(std::string const & file, std::string const & problem)
 {
     throw Failure(ExitStatus::FAILED, file, problem);
-}
-
-bool hasAt(std::string const & head, std::size_t place, std::string const & text)
-{
-    return head.compare(place, text.size(), text) == 0;
-}
-
-bool isRIFF(std::string const & head, std::string const & form)
-{
-    bool const isForm = head.size() >= 12 && hasAt(head, 8, form);
-    return isForm && (hasAt(head, 0, "RIFF") || hasAt(head, 0, "RF64"));
-}
-
-/// Whether a sequence header comes first, with stuffing ahead of it or without.
-bool isMPEGVideo(std::string const & head)
-{
-    std::size_t const one = head.find_first_not_of('\0');
-    return one != std::string::npos && one >= 2 && hasAt(head, one, "\x01\xB3");
-}
-
-std::string headOf(std::string const & file)
-{
-    std::unique_ptr<DataIO::RandomAccessDataSource> const source = openRandomAccess(file);
-    std::vector<unsigned char> bytes(std::min(source->remaining(), HEAD_SIZE));
-    UInt64 const size = source->read(bytes.data(), bytes.size());
-    return {bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(size)};
 }
 
 /// An analyzer whose failures name the file that it reads. How long the essence
@@ -141,72 +108,128 @@ public:
     }
 };
 
-/// The pictures in a folder, if there are any.
-std::vector<std::string> picturesIn(std::string const & folder)
+/// Elements of SMPTE 436M, and as many without lines or packets behind them as
+/// are asked for.
+class ElementSource : public DataIO::SliceSource
 {
-    std::vector<std::string> files = JPEG2000Analyzer::filesIn(folder);
-    if (files.empty())
-        refuse(folder, "is a folder without files");
-    if (!hasAt(headOf(files.front()), 0, CODESTREAM_START))
-        refuse(folder, "is a folder that doesn't begin with a JPEG 2000 codestream, but with " +
-                           fs::path(files.front()).filename().string());
-    return files;
-}
-
-Templates::SharedPtr<DataIO::SliceSource> sourceOf(std::string const & file)
-{
-    return Templates::SharedPtr<DataIO::SliceSource>(
-        new DataIO::File::FileSliceSource(Platform::stringToWstring(file.c_str()).c_str(), SLICE_SIZE, SLICE_SIZE));
-}
-
-}
-
-InputKind recogniseInput(std::string const & file)
-{
-    std::error_code ignored;
-    if (fs::is_directory(file, ignored))
+public:
+    explicit ElementSource(Source elements) :
+        elements_(std::move(elements)),
+        none_(DataIO::Memory::MemoryBlockFactory::instance().create(COUNT_SIZE)),
+        isNoneNext_(false)
     {
-        picturesIn(file);
-        return InputKind::JPEG_2000;
+        std::fill_n(none_.block()->data(), COUNT_SIZE, 0);
     }
 
-    std::string const head = headOf(file);
-    if (isRIFF(head, "WAVE"))
-        return InputKind::WAVE;
-    if (isMPEGVideo(head))
-        return InputKind::MPEG2_VIDEO;
-    if (head.empty())
-        refuse(file, "is empty");
-    if (hasAt(head, 0, CODESTREAM_START))
-        refuse(file, "is a single JPEG 2000 codestream, and pictures are taken by the folder");
-    refuse(file, "is neither a wave file nor a stream of MPEG-2 video");
+    void addNone() { isNoneNext_ = true; }
+
+    Templates::auto_ptr<DataIO::Slice> read(UInt64 howMuch) override
+    {
+        if (!std::exchange(isNoneNext_, false))
+            return elements_->read(howMuch);
+        return Templates::auto_ptr<DataIO::Slice>(new DataIO::Slice(none_.block(), 0, COUNT_SIZE));
+    }
+
+    UInt64 absoluteOffset() const override { return elements_->absoluteOffset(); }
+    bool endOfStream() const override { return !isNoneNext_ && elements_->endOfStream(); }
+    UInt64 skip(UInt64 howMuch) override { return elements_->skip(howMuch); }
+
+private:
+    static constexpr UInt64 COUNT_SIZE = 2;
+
+    Source elements_;
+    DataIO::BlockHolder none_;
+    bool isNoneNext_;
+};
+
+/// Tells where an element is that isn't whole.
+template <class Base>
+class ElementsOf : public Base
+{
+public:
+    ElementsOf(Source elements, Labels::WrapKind) : Base(std::move(elements)), offset_(0) {}
+
+    bool nextEditUnit(GenericContainer::EditUnit & unit) override
+    try
+    {
+        bool const isThere = Base::nextEditUnit(unit);
+        offset_ += unit.data.data_size();
+        return isThere;
+    }
+    catch (Exceptions::InvalidFormat const &)
+    {
+        throw Exceptions::InvalidFormat(fmt::format("The element at byte {} isn't whole", offset_).c_str(), __FILE__,
+                                        __LINE__);
+    }
+
+private:
+    UInt64 offset_;
+};
+
+/// Elements that go on with nothing in them for as long as they are asked for.
+template <class Base>
+class EndlessElements : public OfFile<ElementsOf<Base>>
+{
+public:
+    EndlessElements(std::string file, Templates::SharedPtr<ElementSource> elements) :
+        OfFile<ElementsOf<Base>>(std::move(file), Source(elements), Labels::FRAME), elements_(std::move(elements))
+    {
+    }
+
+    bool done() override { return false; }
+
+    bool nextEditUnit(GenericContainer::EditUnit & unit) override
+    {
+        if (OfFile<ElementsOf<Base>>::nextEditUnit(unit))
+            return true;
+        elements_->addNone();
+        return OfFile<ElementsOf<Base>>::nextEditUnit(unit);
+    }
+
+private:
+    Templates::SharedPtr<ElementSource> elements_;
+};
+
 }
 
-WrapInput::WrapInput(std::string file, InputKind kind, TakenAs takenAs) : file_(std::move(file)), kind_(kind), size_(0)
+WrapInput::WrapInput(FoundEssence found, TakenAs takenAs) : found_(std::move(found))
+{
+    open(takenAs);
+}
+
+void WrapInput::open(TakenAs takenAs)
+{
+    switch (found_.kind)
+    {
+    case EssenceKind::WAVE:
+        return openSound(takenAs);
+    case EssenceKind::ANCILLARY_PACKETS:
+        return openElements<GenericContainer::S436M::ANCPacketsAnalyzer>(takenAs);
+    case EssenceKind::VBI_LINES:
+        return openElements<GenericContainer::S436M::VBIDataAnalyzer>(takenAs);
+    default:
+        return openPictures(takenAs == TakenAs::CLIP);
+    }
+}
+
+char const * WrapInput::kind() const
 {
     if (isPicture())
-        openPictures(takenAs == TakenAs::CLIP);
-    else
-        openSound(takenAs);
+        return "picture";
+    return itemOf(found_.kind) == Item::SOUND ? "sound" : "data";
 }
 
 void WrapInput::openPictures(bool isClip)
 {
     Labels::WrapKind const wrapKind = isClip ? Labels::CLIP : Labels::FRAME;
-    if (kind_ == InputKind::JPEG_2000)
-    {
-        std::vector<std::string> const files = picturesIn(file_);
-        for (std::string const & picture : files)
-            size_ += fs::file_size(picture);
-        analyzer_ = Analyzer(new OfFile<JPEG2000Analyzer>(file_, files, wrapKind));
-    }
+    if (found_.kind == EssenceKind::JPEG_2000)
+        analyzer_ = Analyzer(new OfFile<JPEG2000Analyzer>(file(), picturesIn(file()), wrapKind));
+    else if (found_.kind == EssenceKind::DV)
+        analyzer_ = Analyzer(new OfFile<DVAnalyzer>(file(), openEssence(found_), wrapKind));
     else
-    {
-        size_ = fs::file_size(file_);
-        analyzer_ = Analyzer(new OfFile<MPEG2VideoAnalyzer>(file_, sourceOf(file_), wrapKind));
-    }
+        analyzer_ = Analyzer(new OfFile<MPEG2VideoAnalyzer>(file(), openEssence(found_), wrapKind));
     if (!analyzer_->preload())
-        refuse(file_, "holds no pictures");
+        refuse(file(), "holds no pictures");
     isLeft_ = [analyzer = analyzer_.get()]
     {
         return !analyzer->done();
@@ -216,19 +239,18 @@ void WrapInput::openPictures(bool isClip)
 void WrapInput::openSound(TakenAs takenAs)
 {
     Labels::WrapKind const wrapKind = takenAs == TakenAs::CLIP ? Labels::CLIP : Labels::FRAME;
-    size_ = fs::file_size(file_);
     std::unique_ptr<WaveAnalyzer> opened;
     if (takenAs == TakenAs::FRAMES_BESIDE_PICTURES)
-        opened = std::make_unique<EndlessWave>(file_, sourceOf(file_), wrapKind);
+        opened = std::make_unique<EndlessWave>(file(), openEssence(found_), wrapKind);
     else
-        opened = std::make_unique<OfFile<WaveAnalyzer>>(file_, sourceOf(file_), wrapKind);
+        opened = std::make_unique<OfFile<WaveAnalyzer>>(file(), openEssence(found_), wrapKind);
 
     WaveAnalyzer * const wave = opened.get();
     analyzer_ = Analyzer(opened.release());
     if (!wave->preload() || wave->WaveAnalyzer::done())
-        refuse(file_, "holds no sound");
+        refuse(file(), "holds no sound");
     if (wave->channelsInStream() > MOST_CHANNELS)
-        refuse(file_,
+        refuse(file(),
                fmt::format("has {} channels, and a track takes {} at most", wave->channelsInStream(), MOST_CHANNELS));
     wave->fillLastEditUnit(true); // an index counts in whole ones
     isLeft_ = [wave]
@@ -237,9 +259,30 @@ void WrapInput::openSound(TakenAs takenAs)
     };
 }
 
+template <class Base>
+void WrapInput::openElements(TakenAs takenAs)
+{
+    if (takenAs == TakenAs::CLIP)
+        throw Failure(ExitStatus::WRONG_USAGE, file(), "holds data for each frame, which aren't wrapped as a clip");
+
+    Templates::SharedPtr<ElementSource> const elements(new ElementSource(openEssence(found_)));
+    std::unique_ptr<ElementsOf<Base>> opened;
+    if (takenAs == TakenAs::FRAMES_BESIDE_PICTURES)
+        opened = std::make_unique<EndlessElements<Base>>(file(), elements);
+    else
+        opened = std::make_unique<OfFile<ElementsOf<Base>>>(file(), Source(elements), Labels::FRAME);
+
+    ElementsOf<Base> * const data = opened.get();
+    analyzer_ = Analyzer(opened.release());
+    isLeft_ = [data]
+    {
+        return !data->Base::done();
+    };
+}
+
 std::optional<Templates::Rational<int>> WrapInput::rate() const
 {
-    if (kind_ != InputKind::MPEG2_VIDEO)
+    if (found_.kind != EssenceKind::MPEG2_VIDEO && found_.kind != EssenceKind::DV)
         return std::nullopt;
     return analyzer_->editRate();
 }

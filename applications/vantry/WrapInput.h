@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FoundEssence.h"
 #include "GenericContainer/EssenceAnalyzer.h"
 #include "Platform/Integers.h"
 #include "Templates/Rational.h"
@@ -11,26 +12,13 @@
 
 namespace Vantry { namespace Application {
 
-/// What an input can be.
-enum class InputKind
-{
-    WAVE,
-    MPEG2_VIDEO,
-    JPEG_2000 ///< a folder with a codestream for each picture
-};
-
-/// Tells by the content of a file or folder what it is.
-///
-/// \throws Failure when it can't be read or is nothing of these.
-InputKind recogniseInput(std::string const & file);
-
 /// How an input is to be taken.
 enum class TakenAs
 {
     FRAMES,
 
     /// Frames for as long as there are pictures: sound that is shorter goes on
-    /// with silence.
+    /// with silence, and data with nothing.
     FRAMES_BESIDE_PICTURES,
 
     CLIP
@@ -47,13 +35,13 @@ public:
     ///
     /// \throws Failure when it isn't what it seemed to be, or is of a kind
     ///         that can't be wrapped.
-    WrapInput(std::string file, InputKind kind, TakenAs takenAs);
+    WrapInput(FoundEssence found, TakenAs takenAs);
 
-    std::string const & file() const { return file_; }
-    bool isPicture() const { return kind_ != InputKind::WAVE; }
+    std::string const & file() const { return found_.file; }
+    bool isPicture() const { return isPictureKind(found_.kind); }
 
-    /// "picture" or "sound"
-    char const * kind() const { return isPicture() ? "picture" : "sound"; }
+    /// "picture", "sound" or "data"
+    char const * kind() const;
 
     Analyzer const & analyzer() const { return analyzer_; }
 
@@ -64,15 +52,17 @@ public:
     bool isLeft() const { return isLeft_(); }
 
     /// Bytes of the input.
-    UInt64 size() const { return size_; }
+    UInt64 size() const { return found_.size; }
 
 private:
+    void open(TakenAs takenAs);
     void openPictures(bool isClip);
     void openSound(TakenAs takenAs);
 
-    std::string file_;
-    InputKind kind_;
-    UInt64 size_;
+    template <class Base>
+    void openElements(TakenAs takenAs);
+
+    FoundEssence found_;
     Analyzer analyzer_;
     std::function<bool()> isLeft_;
 };

@@ -67,13 +67,10 @@ void describeAspectRatio(Picture & picture, SequenceHeader const & sequence)
 void describeSamples(Picture & picture, SequenceHeader const & sequence)
 {
     bool const is420 = sequence.chromaFormat == CHROMA_420;
-    put(picture, &Picture::componentDepth, 8u);
     put(picture, &Picture::horizontalSubsampling, sequence.chromaFormat == CHROMA_444 ? 1u : 2u);
     put(picture, &Picture::verticalSubsampling, is420 ? 2u : 1u);
     put(picture, &Picture::colorSiting, is420 ? VERTICAL_MIDPOINT_SITING : REC_601_SITING);
-    put(picture, &Picture::blackRefLevel, 16u);
-    put(picture, &Picture::whiteRefLevel, 235u);
-    put(picture, &Picture::colorRange, 225u);
+    describeEightBits(picture);
 }
 
 // Bytes 13 and 14 of the label of the coding (SMPTE RP 224): profile and

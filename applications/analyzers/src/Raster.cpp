@@ -67,4 +67,13 @@ void describeSize(Picture & picture, unsigned int width, unsigned int height, un
     put(picture, &Picture::displayYOffset, 0);
 }
 
+void describeEightBits(Metadata::Structural::CDCIEssenceDescriptor & picture)
+{
+    using Metadata::Structural::CDCIEssenceDescriptor;
+    put(picture, &CDCIEssenceDescriptor::componentDepth, 8u);
+    put(picture, &CDCIEssenceDescriptor::blackRefLevel, 16u);
+    put(picture, &CDCIEssenceDescriptor::whiteRefLevel, 235u);
+    put(picture, &CDCIEssenceDescriptor::colorRange, 225u);
+}
+
 }}

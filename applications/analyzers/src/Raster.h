@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Metadata/Structural/GenericPictureEssenceDescriptor.h"
+#include "Metadata/Structural/CDCIEssenceDescriptor.h"
 
 namespace Vantry { namespace Analyzers {
 
@@ -19,5 +19,8 @@ void describeLines(Metadata::Structural::GenericPictureEssenceDescriptor & pictu
 /// \param storedWidth, storedHeight  of what is stored
 void describeSize(Metadata::Structural::GenericPictureEssenceDescriptor & picture, unsigned int width,
                   unsigned int height, unsigned int storedWidth, unsigned int storedHeight);
+
+/// Sets the levels of samples of 8 bits, as ITU-R BT.601 and 709 have them.
+void describeEightBits(Metadata::Structural::CDCIEssenceDescriptor & picture);
 
 }}
