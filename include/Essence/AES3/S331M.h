@@ -46,6 +46,7 @@ struct ElementHeader
 
 static_assert(sizeof(ElementHeader) == 4, "the header is laid out as it is stored");
 
+UInt32 const CHANNEL_MASK = CHANNELS - 1;
 unsigned int const SAMPLE_SHIFT = 4;
 UInt32 const SAMPLE_MASK = 0xFFFFFF;
 UInt32 const FRAME_BIT = UInt32(1) << 3;
@@ -80,15 +81,21 @@ inline UInt32 parity(UInt32 word) noexcept
     return ODD_NIBBLES >> (word & 0x0F) & 1;
 }
 
+/// A word that has all but channel and F, which the parity leaves out, with
+/// its parity.
+inline UInt32 withParity(UInt32 word) noexcept
+{
+    return word | parity(word) * PARITY_BIT;
+}
+
 /// Puts one word to `out` and returns the position behind it. `sample` has 24
-/// bits, `channel` is 0 to 7. The parity leaves channel and F out.
+/// bits, `channel` is 0 to 7.
 inline unsigned char * encodeSample(unsigned char * out, unsigned int sample, unsigned char channel, bool f, bool c,
                                     bool u, bool v) noexcept
 {
     UInt32 word = (sample & SAMPLE_MASK) << SAMPLE_SHIFT;
     word |= UInt32(v) * INVALID_BIT | UInt32(u) * USER_BIT | UInt32(c) * CHANNEL_STATUS_BIT;
-    word |= parity(word) * PARITY_BIT;
-    return putWord(out, word | UInt32(f) * FRAME_BIT | (channel & (CHANNELS - 1)));
+    return putWord(out, withParity(word) | UInt32(f) * FRAME_BIT | (channel & CHANNEL_MASK));
 }
 
 /// Puts the sample of the word at `in` to `out`, 3 bytes with the low one

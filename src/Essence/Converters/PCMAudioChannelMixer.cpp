@@ -67,9 +67,13 @@ private:
         if (slice_.size() != 0)
             return true;
 
-        Templates::auto_ptr<DataIO::Slice> const next = source_->read(UInt64(blockAlign_) * samplingFrequency_);
-        if (next.get() != nullptr)
-            slice_ = *next;
+        // Some sources refuse to be read at their end.
+        if (!source_->endOfStream())
+        {
+            Templates::auto_ptr<DataIO::Slice> const next = source_->read(UInt64(blockAlign_) * samplingFrequency_);
+            if (next.get() != nullptr)
+                slice_ = *next;
+        }
         ended_ = slice_.size() == 0;
         return !ended_;
     }

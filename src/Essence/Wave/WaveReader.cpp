@@ -116,7 +116,11 @@ WaveReader::State WaveReader::nextChunk()
 
     ChunkHeader header;
     if (reader_.endOfStream() || !loadChunkHeader(header))
+    {
+        // Less than a header may be left; who waits for the end is to see it.
+        reader_.skip(reader_.cachedSize());
         return state_ = STATE_END_OF_STREAM;
+    }
 
     state_ = STATE_BETWEEN_CHUNKS;
     if (isText(header.id, "data"))

@@ -84,6 +84,7 @@ TEST(WaveReader, GivesTheDataOfAWave)
                   hex("00 00 00 00 00 00 00 00 00 00 00") + waveChunk("data", counting(4, 1))),
          counting(4, 1), "bext 5:7;fmt 16;LIST 3;data 4;"},
         {"unknown length", waveFile(waveChunk("data", counting(9), 0xFFFFFFFF)), counting(9), "data 4294967295;"},
+        {"less than a chunk behind", waveFile(waveChunk("data", counting(9)) + hex("414243")), counting(9), "data 9;"},
         {"data cut off", waveFile(waveChunk("data", counting(9), 100)), counting(9), "data 100;"},
         {"only the first data", waveFile(waveChunk("data", counting(2)) + waveChunk("data", counting(40))), counting(2),
          "data 2;data 40;"},
@@ -104,6 +105,7 @@ TEST(WaveReader, GivesTheDataOfAWave)
             EXPECT_EQ(drained(reader, size), c.data);
             EXPECT_EQ(reader.absoluteOffset(), c.data.size());
             EXPECT_EQ(reader.log, c.log);
+            EXPECT_TRUE(reader.state() == WaveReader::STATE_INVALID || reader.endOfStream());
         }
 }
 
