@@ -69,15 +69,6 @@ public:
                             DataIO::Chain & chain);
 
 protected:
-    WrittenPack writePartitionPack(Metadata::PartitionMetadata * metadata,
-                                   Packs::PartitionPack::PartitionKind partitionKind,
-                                   Packs::PartitionPack::PartitionStatus partitionStatus, UInt64 thisPartition,
-                                   UInt64 previousPartition, UInt64 footerPartition,
-                                   Types::UniversalLabel const & operationalPattern,
-                                   Templates::auto_ptr<Types::Batch> essenceContainers, bool writeMetadata,
-                                   bool writeIndex, bool writeEssence, bool isFooter, unsigned int kagSize,
-                                   DataIO::DataSink & sink) override;
-
     WrittenPack
     doWritePartition(Metadata::PartitionMetadata * metadata, Packs::PartitionPack::PartitionKind partitionKind,
                      Packs::PartitionPack::PartitionStatus partitionStatus, UInt64 thisPartition,
@@ -94,7 +85,6 @@ private:
     UInt64 metadataSpareSpace_;
     UInt64 metadataMaximumSpace_;
     SerializationOrder serializationOrder_;
-    unsigned int endOfFooterKAGSize_;
 };
 
 }}

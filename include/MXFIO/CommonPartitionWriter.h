@@ -78,9 +78,10 @@ protected:
                         Templates::auto_ptr<Types::Batch> essenceContainers, bool writeMetadata, bool writeIndex,
                         bool writeEssence, bool isFooter, unsigned int kagSize) const;
 
-    /// Writes a pack, and the fill item up to the grid.
-    static WrittenPack serializePack(Templates::SharedPtr<Packs::PartitionPack> const & pack, unsigned int grid,
-                                     DataIO::DataSink & sink);
+    /// The grid for the end of a footer's pack, where it is wider than
+    /// `kagSize()`; 0 at first.
+    void footerPackGrid(unsigned int grid) { footerPackGrid_ = grid; }
+    unsigned int footerPackGrid() const { return footerPackGrid_; }
 
     /// Whether a partition has been written.
     bool partitionWritten() const { return partitionWritten_; }
@@ -93,6 +94,7 @@ private:
     bool partitionWritten_;
     bool isFooterPartition_;
     unsigned int kagSize_;
+    unsigned int footerPackGrid_;
 };
 
 }

@@ -15,10 +15,7 @@ namespace Vantry { namespace MXFIO {
 using Packs::PartitionPack;
 
 BasePartitionWriter::BasePartitionWriter() :
-    metadataSpareSpace_(0),
-    metadataMaximumSpace_(0),
-    serializationOrder_(Metadata::PartitionMetadata::PrefaceFirst),
-    endOfFooterKAGSize_(0)
+    metadataSpareSpace_(0), metadataMaximumSpace_(0), serializationOrder_(Metadata::PartitionMetadata::PrefaceFirst)
 {
 }
 
@@ -75,12 +72,12 @@ bool BasePartitionWriter::indexesAfterEndOfEssence() const
 
 void BasePartitionWriter::endOfFooterKAGSize(unsigned int kagSize)
 {
-    endOfFooterKAGSize_ = kagSize;
+    footerPackGrid(kagSize);
 }
 
 unsigned int BasePartitionWriter::endOfFooterKAGSize() const
 {
-    return endOfFooterKAGSize_;
+    return footerPackGrid();
 }
 
 AbstractPartitionWriter::WrittenPack BasePartitionWriter::writeHeader(Metadata::PartitionMetadata & metadata,
@@ -115,20 +112,6 @@ AbstractPartitionWriter::WrittenPack BasePartitionWriter::writeFooter(Metadata::
     return writePartition(&metadata, PartitionPack::FOOTER_PARTITION, status, thisPartition, previousPartition,
                           thisPartition, patternOf(metadata), Metadata::Structural::essenceContainers(metadata),
                           writeMetadata, writeIndex, false, true, 0, chain);
-}
-
-AbstractPartitionWriter::WrittenPack BasePartitionWriter::writePartitionPack(
-    Metadata::PartitionMetadata * metadata, PartitionPack::PartitionKind partitionKind,
-    PartitionPack::PartitionStatus partitionStatus, UInt64 thisPartition, UInt64 previousPartition,
-    UInt64 footerPartition, Types::UniversalLabel const & operationalPattern,
-    Templates::auto_ptr<Types::Batch> essenceContainers, bool writeMetadata, bool writeIndex, bool writeEssence,
-    bool isFooter, unsigned int kagSize, DataIO::DataSink & sink)
-{
-    Templates::SharedPtr<PartitionPack> const pack = createPartitionPack(
-        metadata, partitionKind, partitionStatus, thisPartition, previousPartition, footerPartition, operationalPattern,
-        std::move(essenceContainers), writeMetadata, writeIndex, writeEssence, isFooter, kagSize);
-    unsigned int const footerGrid = partitionKind == PartitionPack::FOOTER_PARTITION ? endOfFooterKAGSize_ : 0;
-    return serializePack(pack, std::max(footerGrid, this->kagSize()), sink);
 }
 
 AbstractPartitionWriter::WrittenPack BasePartitionWriter::doWritePartition(

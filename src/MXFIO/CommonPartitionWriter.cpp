@@ -8,6 +8,7 @@
 #include "Types/Batch.h"
 #include "Utils/Fill.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace Vantry { namespace MXFIO {
@@ -20,7 +21,10 @@ UInt64 const BLOCK_SIZE = 10240;
 
 }
 
-CommonPartitionWriter::CommonPartitionWriter() : partitionWritten_(false), isFooterPartition_(false), kagSize_(1) {}
+CommonPartitionWriter::CommonPartitionWriter() :
+    partitionWritten_(false), isFooterPartition_(false), kagSize_(1), footerPackGrid_(0)
+{
+}
 
 CommonPartitionWriter::~CommonPartitionWriter() = default;
 
@@ -118,16 +122,10 @@ AbstractPartitionWriter::WrittenPack CommonPartitionWriter::writePartitionPack(
     Templates::SharedPtr<PartitionPack> const pack = createPartitionPack(
         metadata, partitionKind, partitionStatus, thisPartition, previousPartition, footerPartition, operationalPattern,
         std::move(essenceContainers), writeMetadata, writeIndex, writeEssence, isFooter, kagSize);
-    return serializePack(pack, this->kagSize(), sink);
-}
-
-AbstractPartitionWriter::WrittenPack
-CommonPartitionWriter::serializePack(Templates::SharedPtr<PartitionPack> const & pack, unsigned int grid,
-                                     DataIO::DataSink & sink)
-{
+    unsigned int const footerGrid = partitionKind == PartitionPack::FOOTER_PARTITION ? footerPackGrid_ : 0;
     UInt64 const start = sink.absoluteOffset();
     pack->serialize(sink);
-    Utils::kagAlign(sink, grid, FILL_BER_LENGTH);
+    Utils::kagAlign(sink, std::max(footerGrid, this->kagSize()), FILL_BER_LENGTH);
     return WrittenPack(pack, sink.absoluteOffset() - start);
 }
 
