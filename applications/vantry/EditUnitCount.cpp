@@ -88,13 +88,9 @@ public:
         if (!firstKey)
             firstKey = packet.key();
         if (packet.key() == *firstKey)
-        {
-            if (++units == 2)
-                elementsOfFirst = elements;
-            elements = 0;
-        }
+            beginUnit();
         isCut = bytesThere < packet.length();
-        elements += !isCut && !isOfSystemItem(packet.key());
+        elements_ += !isCut && !isOfSystemItem(packet.key());
         if (isCut)
             warnings_.add(cutFault(packet, bytesThere));
     }
@@ -105,14 +101,42 @@ public:
         warnings_.add(gapFault(offset, size));
     }
 
+    /// The walk ends where another edit unit would begin.
+    void endUnit()
+    {
+        if (units == 1)
+            elementsOfFirst_ = elements_;
+    }
+
+    /// How many edit units are whole. Where the stream is cut or `endsOpen`,
+    /// the last is if it has the elements of one, `elementsOfOne`: what a
+    /// writer adds to it may be cut.
+    UInt64 wholeUnits(bool endsOpen, UInt64 elementsOfOne) const
+    {
+        bool const mayLack = isCut || endsOpen;
+        bool const lacksElements = mayLack && elements_ < std::max<UInt64>(elementsOfOne, 1);
+        return units - (units != 0 && lacksElements);
+    }
+
+    /// Those of the first edit unit; of an element for each track while it
+    /// isn't known to be whole.
+    UInt64 elementsOfOne(UInt64 tracks) const { return elementsOfFirst_.value_or(tracks); }
+
     std::optional<KLV::Key> firstKey;
     bool beginsWithGap = false;
     UInt64 units = 0;
-    UInt64 elements = 0; // of the last one, those that are whole
-    std::optional<UInt64> elementsOfFirst;
     bool isCut = false;
 
 private:
+    void beginUnit()
+    {
+        endUnit();
+        ++units;
+        elements_ = 0;
+    }
+
+    UInt64 elements_ = 0; // of the last one, those that are whole
+    std::optional<UInt64> elementsOfFirst_;
     Warnings & warnings_;
 };
 
@@ -159,6 +183,8 @@ public:
         Warnings ignored;
         UnitNotes first(ignored);
         walk_(startOf(0), startOf(1), first);
+        if (startOf(1) < stream_.end())
+            first.endUnit();
         Warnings ofLast;
         UnitNotes last(ofLast);
         walk_(startOf(known - 1), stream_.end(), last);
@@ -169,8 +195,7 @@ public:
             return countFrom(0);
         }
         warnings_.add(ofLast.all());
-        bool const firstIsLast = known == 1;
-        return known - 1 + wholeUnits(last, firstIsLast ? tracks_ : first.elements);
+        return known - 1 + last.wholeUnits(stream_.endsOpen(), first.elementsOfOne(tracks_));
     }
 
 private:
@@ -178,7 +203,7 @@ private:
     {
         UnitNotes all(warnings_);
         walk_(start, stream_.end(), all);
-        return wholeUnits(all, all.elementsOfFirst.value_or(tracks_));
+        return all.wholeUnits(stream_.endsOpen(), all.elementsOfOne(tracks_));
     }
 
     /// Whether the walk for the last edit unit hasn't begun with one, though
@@ -207,14 +232,6 @@ private:
         if (UInt64 const size = index_.editUnitByteCount())
             return unit * size;
         return unit < index_.offsets().size() ? index_.offsets()[unit] : stream_.end();
-    }
-
-    // What a writer adds to the last edit unit may be cut.
-    UInt64 wholeUnits(UnitNotes const & notes, UInt64 elementsOfOne) const
-    {
-        bool const mayLack = notes.isCut || stream_.endsOpen();
-        bool const lacksElements = mayLack && notes.elements < std::max<UInt64>(elementsOfOne, 1);
-        return notes.units - (notes.units != 0 && lacksElements);
     }
 
     StreamWalk walk_;
