@@ -16,9 +16,8 @@ UInt64 const BLOCK_SIZE_AFTER_JUMP = 1 << 16;
 }
 
 BlockSource::BlockSource(std::unique_ptr<DataIO::RandomAccessDataSource> file) :
+    PositionedDataSource(file->absoluteOffset() + file->remaining()),
     file_(std::move(file)),
-    size_(file_->absoluteOffset() + file_->remaining()),
-    position_(0),
     block_(BLOCK_SIZE),
     blockStart_(0),
     blockEnd_(0)
@@ -32,7 +31,7 @@ BytesInMemory BlockSource::lend(UInt64 howMuch)
 
     BytesInMemory lent = ahead();
     lent.size = std::min<UInt64>(howMuch, lent.size);
-    position_ += lent.size;
+    advance(lent.size);
     return lent;
 }
 
@@ -41,9 +40,9 @@ void BlockSource::readBlock()
     if (blockGoes_ && blockEnd_ > blockStart_)
         blockGoes_();
 
-    UInt64 const size = position_ == blockEnd_ ? BLOCK_SIZE : BLOCK_SIZE_AFTER_JUMP;
-    blockStart_ = blockEnd_ = position_;
-    file_->seek(position_);
+    UInt64 const size = position() == blockEnd_ ? BLOCK_SIZE : BLOCK_SIZE_AFTER_JUMP;
+    blockStart_ = blockEnd_ = position();
+    file_->seek(position());
     blockEnd_ += file_->read(block_.data(), std::min(size, remaining()));
 }
 
@@ -59,19 +58,6 @@ UInt64 BlockSource::read(unsigned char * destination, UInt64 howMuch)
         done += lent.size;
     }
     return done;
-}
-
-UInt64 BlockSource::skip(UInt64 howMuch)
-{
-    UInt64 const skipped = std::min(howMuch, remaining());
-    position_ += skipped;
-    return skipped;
-}
-
-UInt64 BlockSource::seek(UInt64 position)
-{
-    position_ = std::min(position, size_);
-    return position_;
 }
 
 }}

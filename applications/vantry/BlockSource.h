@@ -1,6 +1,6 @@
 #pragma once
 
-#include "DataIO/RandomAccessDataSource.h"
+#include "DataIO/PositionedDataSource.h"
 #include "Input.h"
 #include "Platform/Integers.h"
 
@@ -12,7 +12,7 @@ namespace Vantry { namespace Application {
 
 /// Reads a file in large blocks and lends their bytes, which then get to an
 /// output without being copied.
-class BlockSource : public DataIO::RandomAccessDataSource
+class BlockSource : public DataIO::PositionedDataSource
 {
 public:
     explicit BlockSource(std::unique_ptr<DataIO::RandomAccessDataSource> file);
@@ -30,26 +30,18 @@ public:
     /// What the block has from the position on.
     BytesInMemory ahead() const
     {
-        if (position_ < blockStart_ || position_ >= blockEnd_)
+        if (position() < blockStart_ || position() >= blockEnd_)
             return {};
-        return {block_.data() + (position_ - blockStart_), static_cast<std::size_t>(blockEnd_ - position_)};
+        return {block_.data() + (position() - blockStart_), static_cast<std::size_t>(blockEnd_ - position())};
     }
 
-    UInt64 absoluteOffset() const override { return position_; }
-    UInt64 remaining() const override { return size_ - position_; }
-    bool endOfStream() const override { return position_ == size_; }
     UInt64 read(unsigned char * destination, UInt64 howMuch) override;
-    UInt64 skip(UInt64 howMuch) override;
-    UInt64 seek(UInt64 position) override;
-    void discard() override { position_ = size_; }
 
 private:
     void readBlock();
 
     std::unique_ptr<DataIO::RandomAccessDataSource> file_;
     std::function<void()> blockGoes_;
-    UInt64 size_;
-    UInt64 position_;
 
     std::vector<unsigned char> block_;
     UInt64 blockStart_;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "DataIO/RandomAccessDataSource.h"
+#include "DataIO/PositionedDataSource.h"
 #include "Templates/Containers.h"
 
 namespace Vantry { namespace MXFIO {
@@ -10,7 +10,7 @@ namespace Vantry { namespace MXFIO {
 /// there is below.
 ///
 /// The source is lent; in the end it stands where this one does.
-class BlockSource : public DataIO::RandomAccessDataSource
+class BlockSource : public DataIO::PositionedDataSource
 {
 public:
     /// Starts where the source stands. A read outside the block gets the next
@@ -20,13 +20,7 @@ public:
     BlockSource & operator=(BlockSource const &) = delete;
     ~BlockSource() override;
 
-    UInt64 absoluteOffset() const override { return position_; }
-    bool endOfStream() const override { return remaining() == 0; }
     UInt64 read(unsigned char * destination, UInt64 howMuch) override;
-    UInt64 skip(UInt64 howMuch) override;
-    UInt64 remaining() const override { return size_ - position_; }
-    void discard() override { position_ = size_; }
-    UInt64 seek(UInt64 position) override;
 
     /// Has this many bytes from `position` on in memory, fewer at the end.
     void hold(UInt64 position, UInt64 howMuch);
@@ -43,8 +37,6 @@ private:
 
     DataIO::RandomAccessDataSource & source_;
     UInt64 const areaEnd_;
-    UInt64 position_;
-    UInt64 const size_;
     Templates::vector<unsigned char> block_;
     UInt64 blockStart_;
 };

@@ -15,11 +15,10 @@ UInt64 const SMALL_BLOCK_SIZE = 4096;
 }
 
 BlockSource::BlockSource(DataIO::RandomAccessDataSource & source, UInt64 areaEnd) :
+    PositionedDataSource(source.absoluteOffset() + source.remaining(), source.absoluteOffset()),
     source_(source),
     areaEnd_(areaEnd),
-    position_(source.absoluteOffset()),
-    size_(position_ + source.remaining()),
-    blockStart_(position_)
+    blockStart_(position())
 {
 }
 
@@ -27,7 +26,7 @@ BlockSource::~BlockSource()
 {
     try
     {
-        source_.seek(position_);
+        source_.seek(position());
     }
     catch (...)
     {
@@ -42,36 +41,24 @@ UInt64 BlockSource::read(unsigned char * destination, UInt64 howMuch)
     if (done == wanted)
         return done;
 
-    UInt64 const ahead = position_ < areaEnd_ ? std::min(areaEnd_ - position_, BLOCK_SIZE) : SMALL_BLOCK_SIZE;
+    UInt64 const ahead = position() < areaEnd_ ? std::min(areaEnd_ - position(), BLOCK_SIZE) : SMALL_BLOCK_SIZE;
     if (wanted - done < ahead)
     {
-        hold(position_, ahead);
+        hold(position(), ahead);
         return done + take(destination + done, wanted - done);
     }
 
-    source_.seek(position_);
+    source_.seek(position());
     UInt64 const got = source_.read(destination + done, wanted - done);
-    position_ += got;
+    advance(got);
     return done + got;
-}
-
-UInt64 BlockSource::skip(UInt64 howMuch)
-{
-    UInt64 const size = std::min(howMuch, remaining());
-    position_ += size;
-    return size;
-}
-
-UInt64 BlockSource::seek(UInt64 position)
-{
-    return position_ = std::min(position, size_);
 }
 
 void BlockSource::hold(UInt64 position, UInt64 howMuch)
 {
     block_.clear();
     blockStart_ = source_.seek(position);
-    block_.resize(std::min(howMuch, size_ - blockStart_));
+    block_.resize(std::min(howMuch, size() - blockStart_));
 
     UInt64 held = 0;
     while (held < block_.size())
@@ -102,13 +89,13 @@ bool BlockSource::holdsKeyStart(UInt64 position, UInt64 howMuch) const
 // What the block has of the bytes at the position.
 UInt64 BlockSource::take(unsigned char * destination, UInt64 howMuch)
 {
-    UInt64 const place = position_ - blockStart_;
+    UInt64 const place = position() - blockStart_;
     if (place >= block_.size())
         return 0;
 
     UInt64 const size = std::min(howMuch, block_.size() - place);
     std::copy_n(block_.data() + place, size, destination);
-    position_ += size;
+    advance(size);
     return size;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "DataIO/RandomAccessDataSource.h"
+#include "DataIO/PositionedDataSource.h"
 #include "support/Bytes.h"
 
 #include <algorithm>
@@ -11,39 +11,29 @@ namespace Vantry { namespace Tests {
 
 /// A source over bytes that gives no more than so many at a read, as a pipe
 /// does, and counts what it was asked for.
-class BytesSource : public DataIO::RandomAccessDataSource
+class BytesSource : public DataIO::PositionedDataSource
 {
 public:
     explicit BytesSource(Bytes bytes, UInt64 mostPerRead = std::numeric_limits<UInt64>::max()) :
-        bytes_(std::move(bytes)), mostPerRead_(mostPerRead)
+        PositionedDataSource(bytes.size()), bytes_(std::move(bytes)), mostPerRead_(mostPerRead)
     {
     }
-
-    UInt64 absoluteOffset() const override { return offset_; }
-    bool endOfStream() const override { return remaining() == 0; }
-    UInt64 remaining() const override { return bytes_.size() - offset_; }
-    void discard() override { skip(remaining()); }
 
     UInt64 read(unsigned char * destination, UInt64 howMuch) override
     {
         UInt64 const size = std::min({howMuch, remaining(), mostPerRead_});
-        std::copy_n(bytes_.data() + offset_, size, destination);
-        offset_ += size;
+        std::copy_n(bytes_.data() + position(), size, destination);
+        advance(size);
         bytesRead_ += size;
         return size;
     }
 
-    UInt64 skip(UInt64 howMuch) override
-    {
-        UInt64 const size = std::min(howMuch, remaining());
-        offset_ += size;
-        return size;
-    }
-
-    UInt64 seek(UInt64 position) override { return offset_ = std::min<UInt64>(position, bytes_.size()); }
-
     /// Adds bytes at the end.
-    void append(Bytes const & bytes) { bytes_ += bytes; }
+    void append(Bytes const & bytes)
+    {
+        bytes_ += bytes;
+        resize(bytes_.size());
+    }
 
     /// Bytes that were read rather than passed over.
     UInt64 bytesRead() const { return bytesRead_; }
@@ -51,7 +41,6 @@ public:
 private:
     Bytes bytes_;
     UInt64 mostPerRead_;
-    UInt64 offset_ = 0;
     UInt64 bytesRead_ = 0;
 };
 

@@ -21,9 +21,8 @@ namespace {
 }
 
 FileSource::FileSource(unsigned short const * name, UInt64 bufferSize) :
+    PositionedDataSource(0),
     file_(Platform::fopen(name, Platform::wide(u"rb"))),
-    size_(0),
-    position_(0),
     buffer_(bufferSize),
     bufferStart_(0),
     bytesInBuffer_(0)
@@ -38,15 +37,14 @@ FileSource::FileSource(unsigned short const * name, UInt64 bufferSize) :
 
 UInt64 FileSource::refresh()
 {
-    Int64 const size = Platform::getFileSize(file_.get());
-    if (size < 0)
+    Int64 const bytes = Platform::getFileSize(file_.get());
+    if (bytes < 0)
         fail("Error getting file length. ");
 
-    if (static_cast<UInt64>(size) != size_)
+    if (static_cast<UInt64>(bytes) != size())
         bytesInBuffer_ = 0;
-    size_ = static_cast<UInt64>(size);
-    position_ = std::min(position_, size_);
-    return size_;
+    resize(static_cast<UInt64>(bytes));
+    return size();
 }
 
 UInt64 FileSource::read(unsigned char * destination, UInt64 howMuch)
@@ -55,25 +53,13 @@ UInt64 FileSource::read(unsigned char * destination, UInt64 howMuch)
     UInt64 done = 0;
     while (done < wanted)
     {
-        UInt64 const piece = readPiece(position_ + done, destination + done, wanted - done);
+        UInt64 const piece = readPiece(position() + done, destination + done, wanted - done);
         if (piece == 0)
             break;
         done += piece;
     }
-    position_ += done;
+    advance(done);
     return done;
-}
-
-UInt64 FileSource::skip(UInt64 howMuch)
-{
-    UInt64 const size = std::min(howMuch, remaining());
-    position_ += size;
-    return size;
-}
-
-UInt64 FileSource::seek(UInt64 position)
-{
-    return position_ = std::min(position, size_);
 }
 
 UInt64 FileSource::readPiece(UInt64 position, unsigned char * destination, UInt64 howMuch)
@@ -84,7 +70,7 @@ UInt64 FileSource::readPiece(UInt64 position, unsigned char * destination, UInt6
             return readFile(position, destination, howMuch);
 
         bytesInBuffer_ = 0;
-        bytesInBuffer_ = readFile(position, buffer_.data(), std::min<UInt64>(buffer_.size(), size_ - position));
+        bytesInBuffer_ = readFile(position, buffer_.data(), std::min<UInt64>(buffer_.size(), size() - position));
         bufferStart_ = position;
     }
 

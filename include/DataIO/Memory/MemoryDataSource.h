@@ -1,6 +1,6 @@
 #pragma once
 
-#include "DataIO/RandomAccessDataSource.h"
+#include "DataIO/PositionedDataSource.h"
 #include "Platform/Export.h"
 #include "Platform/Integers.h"
 #include "Templates/Containers.h"
@@ -9,7 +9,7 @@ namespace Vantry { namespace DataIO { namespace Memory {
 
 /// A copy of bytes as a source: a pack or a set rather than a file, below
 /// 4 GiB.
-class VANTRY_EXPORT MemoryDataSource : public RandomAccessDataSource
+class VANTRY_EXPORT MemoryDataSource : public PositionedDataSource
 {
 public:
     /// Copies `size` bytes.
@@ -21,17 +21,9 @@ public:
     ~MemoryDataSource() override;
 
     UInt64 read(unsigned char * destination, UInt64 howMuch) override;
-    UInt64 skip(UInt64 howMuch) override;
-    UInt64 seek(UInt64 position) override;
-    void discard() override;
-
-    UInt64 absoluteOffset() const override;
-    UInt64 remaining() const override;
-    bool endOfStream() const override;
 
 private:
     Templates::vector<unsigned char> bytes_;
-    UInt64 position_;
 };
 
 }}}

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "DataIO/RandomAccessDataSource.h"
+#include "DataIO/PositionedDataSource.h"
 #include "DataIO/StreamingDataSource.h"
 
 #include <cstdio>
@@ -18,7 +18,7 @@ namespace Growing {
 /// Moving, and reading what is in the buffer, makes no call to the system.
 /// The file stays the one that was opened, whoever renames it. Not for two
 /// threads at once.
-class FileSource : public DataIO::RandomAccessDataSource, public DataIO::StreamingDataSource
+class FileSource : public DataIO::PositionedDataSource, public DataIO::StreamingDataSource
 {
 public:
     VANTRY_CLASS_ALLOCATION
@@ -42,13 +42,6 @@ public:
     /// \throws Exceptions::IOError "Error reading from file.", and then the
     ///         position is where it was.
     UInt64 read(unsigned char * destination, UInt64 howMuch) override;
-    UInt64 skip(UInt64 howMuch) override;
-    UInt64 seek(UInt64 position) override;
-    void discard() override { position_ = size_; }
-
-    UInt64 absoluteOffset() const override { return position_; }
-    UInt64 remaining() const override { return size_ - position_; }
-    bool endOfStream() const override { return position_ == size_; }
 
 private:
     struct Close
@@ -61,8 +54,6 @@ private:
     UInt64 readFile(UInt64 position, unsigned char * destination, UInt64 howMuch);
 
     std::unique_ptr<std::FILE, Close> const file_;
-    UInt64 size_;
-    UInt64 position_;
 
     std::vector<unsigned char> buffer_;
     UInt64 bufferStart_;
