@@ -152,7 +152,7 @@ Json PackageReport::descriptors(Metadata::MetadataSet const & package) const
     {
         Metadata::MetadataSet const & set = *nodes[place].set;
         if (dynamic_cast<Structural::Locator const *>(&set) == nullptr)
-            all.push_back(descriptor(set));
+            all.push_back(descriptor(set)); // NOLINT(clang-analyzer-core.NonNullParamChecker): no reference is null
         ++place;
     } while (place < nodes.size() && nodes[place].depth > nodes[first].depth);
     return all;

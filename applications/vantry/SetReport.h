@@ -15,7 +15,7 @@ class PartitionDictionary;
 namespace Application {
 
 /// What is told of an element that has a value. What isn't known is empty.
-struct ElementReport
+struct ElementReport // NOLINT(bugprone-exception-escape): values of JSON are said to throw when moved
 {
     std::string symbol; // the name in machine-readable output
     std::string name;   // the name for people

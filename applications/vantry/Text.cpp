@@ -26,7 +26,7 @@ std::string narrow(unsigned short const * text)
 
 std::string problemOf(Exceptions::BaseException const & failure)
 {
-    std::string const text = narrow(failure.message());
+    std::string text = narrow(failure.message());
     for (char const * comparison : {" == ", " != ", " >= ", " <= ", " > ", " < "})
     {
         std::size_t const place = text.find(comparison);
