@@ -180,12 +180,8 @@ void WrappedFile::finish()
 {
     sink_.flush();
     creator_->finishWork(sink_);
-    for (auto const & partition : creator_->partitionPacks())
-    {
-        sink_.seek(partition.first);
-        if (!creator_->updatePartition(partition.first, true))
-            throw Failure(ExitStatus::FAILED, target().string(), "the metadata have outgrown their room");
-    }
+    if (!creator_->updatePartitions(sink_, true))
+        throw Failure(ExitStatus::FAILED, target().string(), "the metadata have outgrown their room");
     sink_.close();
 }
 

@@ -120,13 +120,8 @@ public:
             creator_.writeUnit(true);
 
         creator_.finishWork(file_);
-        for (auto const & partition : creator_.partitionPacks())
-        {
-            partition.second.pack->operationalPattern(builder_.currentOP());
-            file_.seek(partition.first);
-            if (!creator_.updatePartition(partition.first, true))
-                throw std::runtime_error(path_ + ": the metadata have outgrown their room");
-        }
+        if (!creator_.updatePartitions(file_, true))
+            throw std::runtime_error(path_ + ": the metadata have outgrown their room");
         file_.flush();
     }
 

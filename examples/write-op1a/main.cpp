@@ -73,19 +73,6 @@ void addMaterialPackage(OPBuilders::GenericOPBuilder & builder, Metadata::Struct
     builder.update();
 }
 
-/// Now that all is known, the partitions get their durations, and the place
-/// of the footer.
-void updatePartitions(MXFIO::Creator & creator, DataIO::RandomAccessDataSink & sink)
-{
-    creator.finishWork(sink);
-    for (auto const & partition : creator.partitionPacks())
-    {
-        sink.seek(partition.first);
-        if (!creator.updatePartition(partition.first, true))
-            throw std::runtime_error("the metadata have outgrown their room");
-    }
-}
-
 void write(char const * path, UInt64 editUnits)
 {
     UInt64 const SPARE_SPACE = 4096; // for those who change the metadata later
@@ -109,7 +96,12 @@ void write(char const * path, UInt64 editUnits)
             builder.update();
         creator.writeUnit(closed);
     }
-    updatePartitions(creator, file);
+
+    // Now that all is known, the partitions get their durations, and the place
+    // of the footer.
+    creator.finishWork(file);
+    if (!creator.updatePartitions(file, closed))
+        throw std::runtime_error("the metadata have outgrown their room");
     file.flush();
 }
 

@@ -16,8 +16,7 @@ namespace MXFIO {
 ///     while (creator.writeUnit(false) != MXFIO::PullCreator::PullDone)
 ///         ;
 ///     creator.finishWork(sink);
-///     sink.seek(0);
-///     creator.updatePartition(0, true);
+///     creator.updatePartitions(sink, true);
 ///
 /// Going back needs a sink with random access. Without, the header partition
 /// doesn't know the footer and has the status and metadata of the start.
@@ -68,6 +67,16 @@ public:
     /// The same with the status that the metadata can have, closed at best if
     /// `closed`.
     bool updatePartition(UInt64 offset, bool closed);
+
+    /// The same for every partition, one by one. The packs then have the
+    /// operational pattern that the Preface has now, too.
+    ///
+    /// \param sink  the sink of the file, which is left somewhere in it
+    /// \return false when the metadata of any don't fit any more; that one is
+    ///         as it was
+    /// \throws Exceptions::InvalidPosition when the sink has no such place.
+    /// \throws Exceptions::NotFound when there is no Preface.
+    bool updatePartitions(DataIO::RandomAccessDataSink & sink, bool closed);
 
     /// Writes what sources have left behind to be written once all is known.
     ///

@@ -11,6 +11,7 @@
 #include "MXFIO/CreatorListener.h"
 #include "MXFIO/FillHead.h"
 #include "MXFIO/FutureUpdater.h"
+#include "MXFIO/PatternOf.h"
 #include "Metadata/PartitionMetadataUtils.h"
 #include "Types/Batch.h"
 #include "Utils/Fill.h"
@@ -60,6 +61,9 @@ public:
 
     bool writeStart(PackField const & field, SerializationOrder order, DataIO::DataSink & start) const;
     bool metadataFit(PartitionPack const & pack) const;
+    static void seek(DataIO::RandomAccessDataSink & sink, UInt64 position);
+    bool update(PackField & field, PartitionPack::PartitionStatus status, SerializationOrder order,
+                Types::UniversalLabel const & pattern, DataIO::DataSink & into) const;
 
     Templates::SharedPtr<Metadata::PartitionMetadata> const metadata;
     DataIO::DataSink & sink;
@@ -98,6 +102,32 @@ bool Creator::Impl::metadataFit(PartitionPack const & pack) const
         return true;
     UInt64 const size = metadata->serializedSize(true, true);
     return size + Utils::alignBytes(pack.kagSize(), size, SMALLEST_FILL) <= pack.headerByteCount();
+}
+
+bool Creator::Impl::update(PackField & field, PartitionPack::PartitionStatus status, SerializationOrder order,
+                           Types::UniversalLabel const & pattern, DataIO::DataSink & into) const
+{
+    Templates::SharedPtr<PartitionPack> const pack(new PartitionPack(*field.pack));
+    pack->key(Packs::buildPartitionPackKey(pack->partitionKind(), statusOf(*pack, status)));
+    pack->footerPartition(footerPartition);
+    pack->operationalPattern(pattern);
+    if (!metadataFit(*pack))
+        return false;
+
+    DataIO::Chain chain;
+    DataIO::ChainDataSinkAdapter start(chain, DataIO::Memory::MemoryBlockFactory::instance(), BLOCK_SIZE);
+    if (!writeStart({pack, field.packBytes}, order, start))
+        return false;
+
+    DataIO::ChainSinkDataAdapter(into).write(chain);
+    field.pack = pack;
+    return true;
+}
+
+// Places that are known are there, unless somebody cut the file off.
+void Creator::Impl::seek(DataIO::RandomAccessDataSink & sink, UInt64 position)
+{
+    VANTRY_CHECK(sink.seek(position) == position, InvalidPosition, "The sink ends ahead of what is to be updated");
 }
 
 Creator::Creator(Templates::SharedPtr<Metadata::PartitionMetadata> metadata, DataIO::DataSink & sink,
@@ -140,25 +170,24 @@ bool Creator::updatePartition(UInt64 offset, PartitionPack::PartitionStatus stat
     auto const it = impl_->offsetPartitionPacksMap_.find(offset);
     VANTRY_CHECK(it != impl_ -> offsetPartitionPacksMap_.end (), InvalidValue, "Invalid partition offset");
 
-    Templates::SharedPtr<PartitionPack> const pack(new PartitionPack(*it->second.pack));
-    pack->key(Packs::buildPartitionPackKey(pack->partitionKind(), statusOf(*pack, status)));
-    pack->footerPartition(impl_->footerPartition);
-    if (!impl_->metadataFit(*pack))
-        return false;
-
-    DataIO::Chain chain;
-    DataIO::ChainDataSinkAdapter start(chain, DataIO::Memory::MemoryBlockFactory::instance(), BLOCK_SIZE);
-    if (!impl_->writeStart({pack, it->second.packBytes}, serializationOrder(), start))
-        return false;
-
-    DataIO::ChainSinkDataAdapter(impl_->sink).write(chain);
-    it->second.pack = pack;
-    return true;
+    return impl_->update(it->second, status, serializationOrder(), it->second.pack->operationalPattern(), impl_->sink);
 }
 
 bool Creator::updatePartition(UInt64 offset, bool closed)
 {
     return updatePartition(offset, Metadata::verifyPartitionMetadataStatus(*impl_->metadata, closed));
+}
+
+bool Creator::updatePartitions(DataIO::RandomAccessDataSink & sink, bool closed)
+{
+    PartitionPack::PartitionStatus const status = Metadata::verifyPartitionMetadataStatus(*impl_->metadata, closed);
+    bool areUpdated = true;
+    for (auto & [offset, field] : impl_->offsetPartitionPacksMap_)
+    {
+        Impl::seek(sink, impl_->runInSize + offset);
+        areUpdated &= impl_->update(field, status, serializationOrder(), patternOf(*impl_->metadata), sink);
+    }
+    return areUpdated;
 }
 
 void Creator::finishWork(DataIO::RandomAccessDataSink & sink)
@@ -171,7 +200,7 @@ void Creator::finishWork(DataIO::RandomAccessDataSink & sink)
         DataIO::Chain bytes;
         UInt64 position = 0;
         entry.second->patch(impl_->runInSize + entry.first, position, bytes);
-        VANTRY_CHECK(sink.seek(position) == position, InvalidPosition, "The sink ends ahead of what is to be updated");
+        Impl::seek(sink, position);
         DataIO::ChainSinkDataAdapter(sink).write(bytes);
     }
 }

@@ -51,7 +51,7 @@ public:
         creator.addEssenceContainer(source, plan.duringEssence, MXFIO::INDEX_FOLLOWING, false, MXFIO::INDEX_AUTOMATIC);
         write(creator);
         builder().update();
-        finish(creator, file_, plan.runInSize);
+        finish(creator, file_);
     }
 
     Bytes const & bytes() const { return file_.bytes; }

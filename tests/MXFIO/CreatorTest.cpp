@@ -99,9 +99,9 @@ public:
         return file.bytes;
     }
 
-    Bytes const & finish(UInt64 runInSize = 0)
+    Bytes const & finish()
     {
-        Tests::finish(*creator, file, runInSize);
+        Tests::finish(*creator, file);
         return file.bytes;
     }
 
@@ -275,7 +275,7 @@ TEST(Creator, IsExactWithAnySettings)
         Making making(plan);
         EXPECT_EQ(FileOf(making.write())->faults(false), Faults());
 
-        FileOf written(making.finish(plan.runInSize));
+        FileOf written(making.finish());
         EXPECT_EQ(written->faults(), Faults());
         EXPECT_EQ(written->runInSize(), plan.runInSize);
         EXPECT_EQ(written->parts().back().pack.kagSize(), 64u);
@@ -443,7 +443,7 @@ TEST(Creator, WritesMetadataAnewWhereTheyFit)
     plan.runInSize = 50;
     Making making(plan);
     making.write();
-    making.finish(plan.runInSize);
+    making.finish();
 
     auto const update = [&]
     {
@@ -471,6 +471,17 @@ TEST(Creator, WritesMetadataAnewWhereTheyFit)
     EXPECT_EQ(making.file.bytes, full);
     EXPECT_FAILURE(InvalidValue, "it != impl_ -> offsetPartitionPacksMap_.end (): Invalid partition offset",
                    making.creator->updatePartition(1, CLOSED));
+
+    // Another pattern gets into all packs, if their metadata fit.
+    Types::UniversalLabel const pattern = sample<Types::UniversalLabel>();
+    making.header.preface.operationalPattern(&pattern);
+    EXPECT_FALSE(making.creator->updatePartitions(making.file, true));
+    making.header.package.packageName(nullptr);
+    EXPECT_TRUE(making.creator->updatePartitions(making.file, true));
+    FileOf updated(making.file.bytes);
+    EXPECT_EQ(updated->faults(), Faults());
+    for (WrittenFile::Part const & part : updated->parts())
+        EXPECT_EQ(part.pack.operationalPattern(), pattern) << part.offset;
 }
 
 TEST(Creator, RefusesASinkThatLacksWhatIsToBeUpdated)

@@ -40,14 +40,10 @@ private:
 };
 
 /// Goes back to all that can be done better once a file is there.
-inline void finish(MXFIO::Creator & creator, BytesFile & file, UInt64 runInSize)
+inline void finish(MXFIO::Creator & creator, BytesFile & file)
 {
     creator.finishWork(file);
-    for (auto const & entry : creator.partitionPacks())
-    {
-        file.seek(runInSize + entry.first);
-        EXPECT_TRUE(creator.updatePartition(entry.first, true)) << entry.first;
-    }
+    EXPECT_TRUE(creator.updatePartitions(file, true));
 }
 
 inline void write(MXFIO::Creator & creator)
