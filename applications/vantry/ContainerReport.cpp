@@ -123,7 +123,13 @@ Json ContainerReport::container(unsigned int bodySID, ContainerClaim const & cla
     StreamIndex const index = known != indexes_.end() ? known->second : StreamIndex();
     EssenceStream const stream(layout_, bodySID, warnings_);
     std::optional<FirstPacket> const first = FirstPacket::find(layout_.file(), stream);
-    Wrapping const wrapping = wrappingOf(claim, stream, index, first);
+    Wrapping wrapping = wrappingOf(claim, stream, index, first);
+    if (wrapping == Wrapping::FRAME && first && isClip(wrapping, *first, index))
+    {
+        wrapping = Wrapping::CLIP;
+        warnings_.add(
+            fmt::format("the label of body SID {} says that frames are wrapped, and it is one clip", bodySID));
+    }
     std::optional<EditRate> const rate = claim.editRate ? claim.editRate : index.editRate();
     std::optional<UInt64> const readable = count(stream, index, claim, wrapping, first);
     if (!stream.isGeneric())
