@@ -27,6 +27,16 @@ using namespace Vantry::Metadata::Structural;
 
 namespace {
 
+// A recording that has just begun may have none yet.
+Templates::SharedPtr<Metadata::PartitionMetadata> headerMetadata(MXFIO::Reader2 & reader)
+{
+    if (MXFIO::Partition * const header = reader.headerPartition())
+        return header->metadata();
+
+    std::fprintf(stderr, "there is no header partition\n");
+    std::exit(1);
+}
+
 // The package of the essence that is recorded.
 GenericPackage & filePackage(Preface const & preface)
 {
@@ -78,7 +88,7 @@ void followRecording(char const * path, int mostIdleRounds)
     UInt64 const PARTITION_SEARCH_LIMIT = 65536;
     Growing::FileSource file(Platform::stringToWstring(path).c_str());
     MXFIO::Reader2 reader(file, Schema::builtInDictionary(), PARTITION_SEARCH_LIMIT);
-    auto const metadata = reader.headerPartition()->metadata();
+    auto const metadata = headerMetadata(reader);
 
     Preface const & preface = findPreface(*metadata);
     bool const LOAD_RIP = false;

@@ -28,6 +28,15 @@ namespace {
 
 using Time = Templates::Rational<Int64>;
 
+Templates::SharedPtr<Metadata::PartitionMetadata> finalMetadata(MXFIO::Reader2 & reader)
+{
+    if (MXFIO::Partition * const partition = reader.firstPartitionWithFinalMetadata())
+        return partition->metadata();
+
+    std::fprintf(stderr, "the file has no final metadata\n");
+    std::exit(1);
+}
+
 GenericPackage & materialPackage(Preface const & preface)
 {
     ContentStorage const * const storage = preface.contentStorage();
@@ -48,7 +57,7 @@ void print(MXFIO::ElementEditUnit const & unit, Time const & position)
 {
     std::printf("%10.3f  track %u  %10llu bytes%s\n", seconds(position), unit.trackID,
                 static_cast<unsigned long long>(unit.payloadBytes()),
-                (unit.flags & 0x80) != 0 ? "" : "  (needs others)");
+                (unit.flags & 0x80) != 0 ? "" : "  (no random access)");
 }
 
 void play(MXFIO::EssenceReader & essence, unsigned long long count)
@@ -77,7 +86,7 @@ void readEditUnits(char const * path, long long first, unsigned long long count)
     UInt64 const PARTITION_SEARCH_LIMIT = 65536;
     DataIO::File::FileDataSource file(Platform::stringToWstring(path).c_str(), BUFFER_SIZE);
     MXFIO::Reader2 reader(file, Schema::builtInDictionary(), PARTITION_SEARCH_LIMIT);
-    auto const metadata = reader.firstPartitionWithFinalMetadata()->metadata();
+    auto const metadata = finalMetadata(reader);
 
     Preface const & preface = findPreface(*metadata);
     bool const LOAD_RIP = true;
