@@ -1,7 +1,6 @@
 #include "AncillaryElements.h"
 
-#include "Platform/BigEndian.h"
-#include "Platform/Integers.h"
+#include "BigEndianText.h"
 
 #include <algorithm>
 #include <iterator>
@@ -37,12 +36,6 @@ unsigned int const LAST_CODING = 12;
 // A packet's identifiers and the count of its data words come ahead of those,
 // and a checksum, which may be left out, behind them.
 unsigned int const WORDS_AHEAD = 3;
-
-template <class Number>
-Number numberAt(std::string_view bytes, std::size_t place)
-{
-    return Platform::readBigEndian<Number>(reinterpret_cast<unsigned char const *>(bytes.data()) + place);
-}
 
 /// A line or packet, and what is behind it in the stream.
 class Payload

@@ -4,14 +4,20 @@
 #include "Analyzers/JPEG2000Analyzer.h"
 #include "DataIO/File/FileSliceSource.h"
 #include "DataIO/RandomAccessDataSource.h"
+#include "DataIO/SliceReader.h"
+#include "Essence/AES3/AES3Info.h"
+#include "Essence/AES3/S302M/Source.h"
 #include "Essence/Converters/PCMToWave.h"
+#include "Essence/MPEG/PESParser.h"
 #include "Essence/Wave/FormatChunk.h"
 #include "Exceptions/BaseException.h"
 #include "Failure.h"
 #include "Input.h"
+#include "PacketStreams.h"
 #include "Platform/Text.h"
 #include "StreamForms.h"
 #include "Text.h"
+#include "WholeSoundPackets.h"
 
 #include <algorithm>
 #include <cstring>
@@ -29,11 +35,14 @@ using Source = Templates::SharedPtr<DataIO::SliceSource>;
 
 namespace {
 
-// What is looked at to recognise an input.
-UInt64 const HEAD_SIZE = 65536;
+// What is looked at to recognise an input: more than a packet of sound.
+UInt64 const HEAD_SIZE = 1 << 17;
 
 // A slice stays in the processor's cache on its way to the output.
 UInt64 const SLICE_SIZE = 1 << 18;
+
+// Bytes that may lie between two packets of a stream.
+UInt64 const LONGEST_GAP = 1 << 20;
 
 [[noreturn]] void refuse(std::string const & file, std::string const & problem)
 {
@@ -136,6 +145,80 @@ std::vector<FoundEssence> findInAVI(std::string const & file)
     return found;
 }
 
+Source openPackets(std::string const & file)
+{
+    bool const keepSkipped = false;
+    return Source(new Essence::MPEG::PESParser(openFile(file), LONGEST_GAP, keepSkipped));
+}
+
+FoundEssence findInPackets(std::string const & file, std::string_view head)
+try
+{
+    std::string const streams = elementaryStreamsIn(head);
+    if (streams.find(',') != std::string::npos)
+        refuse(file, "has several streams in packets (" + streams + "), and one is taken");
+
+    DataIO::SliceReader reader(openPackets(file));
+    std::optional<EssenceKind> const kind = kindOfStream(textOf(*reader.read(HEAD_SIZE)));
+    if (!kind)
+        refuse(file, "has packets of a stream (" + streams + ") that is none of what can be wrapped");
+    return {file, *kind, Carrier::PES, 0, fs::file_size(file)};
+}
+catch (Exceptions::BaseException const & failure)
+{
+    refuse(file, problemOf(failure));
+}
+
+/// The sound of a stream of SMPTE 302M, as a wave.
+Source decodeS302M(std::string const & file, Source const & packets)
+try
+{
+    using Essence::AES3::AES3Info;
+    Templates::SharedPtr<Essence::AES3::S302M::Source> const pcm(
+        new Essence::AES3::S302M::Source(Source(new WholeSoundPackets(packets))));
+    if (!pcm->preload())
+        refuse(file, "begins with no whole packet of sound");
+    AES3Info const & info = pcm->info();
+    if (info.dataType != AES3Info::PCM)
+        refuse(file, fmt::format("carries data of type {} (SMPTE 338), and PCM is taken", info.dataType));
+
+    Essence::Converters::WaveHeaderStructure header;
+    header.bitsPerSample = info.bitsPerSample;
+    header.channels = info.channels;
+    header.blockAlign = info.bytesPerSampleGroup;
+    header.samplesPerSecond =
+        static_cast<unsigned int>(info.samplingFrequency.numerator() / info.samplingFrequency.denominator());
+    header.averageBytesPerSecond = header.samplesPerSecond * header.blockAlign;
+    header.formatTag = Essence::Wave::FORMAT_TAG_PCM;
+    return Source(new PCMToWave(pcm, header));
+}
+catch (Exceptions::BaseException const & failure)
+{
+    refuse(file, problemOf(failure));
+}
+
+Source openStreamOfAVI(FoundEssence const & essence)
+{
+    std::unique_ptr<AVIStream> stream = openAVI(essence.file, essence.stream);
+    auto const header = isSound(stream->info()) ? waveHeader(stream->info()) : nullptr;
+    Source const raw(stream.release());
+    return header != nullptr ? Source(new PCMToWave(raw, *header)) : raw;
+}
+
+Source openCarried(FoundEssence const & essence)
+{
+    switch (essence.carrier)
+    {
+    case Carrier::AVI:
+        return openStreamOfAVI(essence);
+    case Carrier::PES:
+        return openPackets(essence.file);
+    case Carrier::NONE:
+        break;
+    }
+    return openFile(essence.file);
+}
+
 UInt64 sizeOf(std::vector<std::string> const & files)
 {
     UInt64 size = 0;
@@ -166,24 +249,23 @@ std::vector<FoundEssence> findEssence(std::string const & file)
     std::string const head = headOf(file);
     if (isRIFF(head, "AVI "))
         return findInAVI(file);
+    if (isPacketStream(head))
+        return {findInPackets(file, head)};
     if (std::optional<EssenceKind> const kind = kindOfStream(head))
         return {{file, *kind, Carrier::NONE, 0, fs::file_size(file)}};
     if (head.empty())
         refuse(file, "is empty");
     if (isCodestream(head))
         refuse(file, "is a single JPEG 2000 codestream, and pictures are taken by the folder");
-    refuse(file, "is none of what can be wrapped: waves, MPEG-2 video, DV, AVI files of these, ancillary data");
+    refuse(
+        file,
+        "is none of what can be wrapped: waves, S302M sound, MPEG-2 video, DV, AVI and PES of these, ancillary data");
 }
 
 Source openEssence(FoundEssence const & essence)
 {
-    if (essence.carrier == Carrier::NONE)
-        return openFile(essence.file);
-
-    std::unique_ptr<AVIStream> stream = openAVI(essence.file, essence.stream);
-    auto const header = isSound(stream->info()) ? waveHeader(stream->info()) : nullptr;
-    Source const raw(stream.release());
-    return header != nullptr ? Source(new PCMToWave(raw, *header)) : raw;
+    Source source = openCarried(essence);
+    return essence.kind == EssenceKind::S302M ? decodeS302M(essence.file, source) : source;
 }
 
 }}

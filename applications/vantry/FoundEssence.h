@@ -16,6 +16,7 @@ enum class EssenceKind
     MPEG2_VIDEO,
     JPEG_2000, ///< a folder with a codestream for each picture
     WAVE,
+    S302M,             ///< packets of AES3 sound
     ANCILLARY_PACKETS, ///< elements of SMPTE 436M
     VBI_LINES          ///< elements of SMPTE 436M
 };
@@ -39,6 +40,7 @@ constexpr Item itemOf(EssenceKind kind)
     case EssenceKind::JPEG_2000:
         return Item::PICTURE;
     case EssenceKind::WAVE:
+    case EssenceKind::S302M:
         return Item::SOUND;
     default:
         return Item::DATA;
@@ -55,7 +57,8 @@ constexpr bool isPictureKind(EssenceKind kind)
 enum class Carrier
 {
     NONE,
-    AVI
+    AVI,
+    PES ///< packets of a stream, with a program stream around them or without
 };
 
 /// Essence in a file.

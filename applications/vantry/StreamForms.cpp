@@ -4,6 +4,7 @@
 #include "AncillaryElements.h"
 #include "DataIO/BlockHolder.h"
 #include "DataIO/Memory/MemoryBlockFactory.h"
+#include "PacketStreams.h"
 
 #include <algorithm>
 
@@ -40,6 +41,8 @@ std::optional<EssenceKind> kindOfStream(std::string_view head)
         return EssenceKind::MPEG2_VIDEO;
     if (isDV(head))
         return EssenceKind::DV;
+    if (isS302M(head))
+        return EssenceKind::S302M;
     return kindOfElements(head);
 }
 

@@ -202,6 +202,7 @@ void WrapInput::open(TakenAs takenAs)
     switch (found_.kind)
     {
     case EssenceKind::WAVE:
+    case EssenceKind::S302M:
         return openSound(takenAs);
     case EssenceKind::ANCILLARY_PACKETS:
         return openElements<GenericContainer::S436M::ANCPacketsAnalyzer>(takenAs);

@@ -97,6 +97,59 @@ TEST(WrapSources, TakesDVAndPCMOutOfAVI)
               "vantry: cut.avi: The AVI file is cut off at byte " + std::to_string(whole.size() - 1000) + "\n");
 }
 
+// Packets with a program stream around them, and without.
+TEST(WrapSources, TakesVideoOutOfPackets)
+{
+    VANTRY_NEEDS_FFMPEG();
+    Bench const bench;
+    bench.pictures("long.m2v", "s=352x288:r=25", "-g 12 -bf 2 -b:v 1M");
+    bench.ffmpeg("-i long.m2v -c copy -f vob program");
+    Bytes const program = bench.bytes("program");
+    Bytes packets;
+    for (std::size_t at = 0; at + 14 < program.size();)
+    {
+        bool const isPack = program[at + 3] == 0xBA;
+        std::size_t const size = isPack ? 14 + (program[at + 13] & 7u) : 6u + program[at + 4] * 256 + program[at + 5];
+        if (program[at + 3] == 0xE0)
+            packets += Bytes(program.begin() + std::ptrdiff_t(at), program.begin() + std::ptrdiff_t(at + size));
+        at += size;
+    }
+    bench.scratch.write("packets", packets);
+    for (char const * input : {"program", "packets"})
+    {
+        bench.run("wrap --force -o in.mxf " + std::string(input));
+        bench.run("unwrap --force in.mxf -o out");
+        EXPECT_EQ(bench.bytes("out/in_2.m2v"), bench.bytes("long.m2v")) << input;
+    }
+
+    bench.ffmpeg("-i long.m2v -f lavfi -i sine=d=1 -map 0 -map 1 -c:v copy -f vob both");
+    EXPECT_EQ(bench.vantry("wrap both -o x.mxf").errors,
+              "vantry: both: has several streams in packets (E0h, C0h), and one is taken\n");
+}
+
+TEST(WrapSources, TakesSoundInPacketsOfS302M)
+{
+    VANTRY_NEEDS_FFMPEG();
+    Bench const bench;
+    for (std::string const format : {"-ac 2 -sample_fmt s16", "-ac 8 -sample_fmt s32"})
+    {
+        SCOPED_TRACE(format);
+        bench.ffmpeg("-f lavfi -i sine=r=48000:d=0.4 " + format + " -c:a s302m -strict -2 -f mpegts in.ts");
+        bench.scratch.write("packets", payloadOf(bench, "in.ts", "a"));
+        bench.run("wrap --force packets -o in.mxf");
+        EXPECT_EQ(bench.faults("in.mxf"), std::vector<std::string>());
+        std::string const form = " -c:a pcm_s24le -f md5 -";
+        EXPECT_EQ(bench.ffmpeg("-i in.mxf" + form), bench.ffmpeg("-i in.ts" + form));
+        EXPECT_EQ(bench.info("in.mxf")["packages"][1]["descriptors"][0]["properties"]["quantizationBits"],
+                  format.back() == '6' ? 16 : 24);
+    }
+    Bytes const whole = bench.bytes("packets");
+    bench.scratch.write("cut", whole.first(whole.size() - 1));
+    EXPECT_EQ(bench.vantry("wrap cut -o x.mxf").errors, "vantry: cut: The stream of sound is cut off at byte " +
+                                                            std::to_string(whole.size() - 1) +
+                                                            ", 1 bytes short of its packet\n");
+}
+
 TEST(WrapSources, TakesAncillaryDataForEachFrame)
 {
     Bench const bench;
