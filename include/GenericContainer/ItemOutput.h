@@ -68,15 +68,18 @@ public:
     virtual void signalEOS();
 
 private:
-    UInt64 askFor(UInt64 howMuch);
-    void handOut(UInt64 size);
+    template <class Work>
+    auto whenFilled(UInt64 howMuch, Work const & work);
+    Templates::auto_ptr<DataIO::Slice> takeFirst();
+    UInt64 drop(UInt64 howMuch);
+    void handedOut(UInt64 size);
 
     Templates::SharedPtr<Demultiplexer_impl> const demultiplexer_;
     unsigned int const trackNumber_;
-    UInt64 handedOut_;
-    bool hasEnded_;
+    UInt64 handedOut_ = 0;
+    bool hasEnded_ = false;
     DataIO::Chain cache_;
-    UInt64 cachedSize_;
+    UInt64 cachedSize_ = 0;
     Platform::Synchronization::Mutex & mutex_;
 };
 

@@ -2,6 +2,7 @@
 
 #include "KLV/Packet.h"
 #include "MXFIO/ContentStorageReader.h"
+#include "MXFIO/ElementKey.h"
 #include "MXFIO/EssenceUtils.h"
 #include "MXFIO/Seeker.h"
 #include "MXFIO/UnitScale.h"
@@ -16,19 +17,6 @@ namespace {
 using Ratio = Templates::Rational<Int64>;
 
 Int64 const UNKNOWN = -1;
-
-// All but the registry version, the bits in which the registered and some
-// makers' own element keys differ, and the number of elements in the item.
-unsigned char const KEY_MASK[] = {0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x00,
-                                  0xFC, 0xF8, 0xFF, 0xFF, 0xFF, 0x00, 0xFF, 0xFF};
-
-bool isKeyOf(KLV::Key const & element, KLV::Key const & key)
-{
-    for (int i = 0; i < static_cast<int>(sizeof KEY_MASK); ++i)
-        if (((element[i] ^ key[i]) & KEY_MASK[i]) != 0)
-            return false;
-    return true;
-}
 
 Int64 cappedSum(Int64 left, Int64 right)
 {
