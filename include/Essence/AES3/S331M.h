@@ -3,6 +3,8 @@
 #include "Platform/Integers.h"
 #include "Platform/LittleEndian.h"
 
+#include <cstring>
+
 /// The eight-channel AES3 element of SMPTE 331M, which D-10 (SMPTE 386M)
 /// carries as sound. All numbers are little-endian.
 ///
@@ -55,17 +57,25 @@ UInt32 const USER_BIT = UInt32(1) << 29;
 UInt32 const CHANNEL_STATUS_BIT = UInt32(1) << 30;
 UInt32 const PARITY_BIT = UInt32(1) << 31;
 
+/// A number as it lies in memory where the low byte comes first, and back.
+constexpr UInt32 littleEndian(UInt32 number) noexcept
+{
+    return __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__ ? number : __builtin_bswap32(number);
+}
+
 /// The word that stands at `in`.
 inline UInt32 wordAt(unsigned char const * in) noexcept
 {
-    return UInt32(in[0]) | UInt32(in[1]) << 8 | UInt32(in[2]) << 16 | UInt32(in[3]) << 24;
+    UInt32 word;
+    std::memcpy(&word, in, WORD_SIZE);
+    return littleEndian(word);
 }
 
 /// Puts `word` to `out` and returns the position behind it.
 inline unsigned char * putWord(unsigned char * out, UInt32 word) noexcept
 {
-    for (unsigned int i = 0; i < WORD_SIZE; ++i)
-        out[i] = static_cast<unsigned char>(word >> 8 * i);
+    word = littleEndian(word);
+    std::memcpy(out, &word, WORD_SIZE);
     return out + WORD_SIZE;
 }
 
@@ -81,11 +91,32 @@ inline UInt32 parity(UInt32 word) noexcept
     return ODD_NIBBLES >> (word & 0x0F) & 1;
 }
 
-/// A word that has all but channel and F, which the parity leaves out, with
-/// its parity.
-inline UInt32 withParity(UInt32 word) noexcept
+/// Two words, the first in the low half, as they come for a pair of channels.
+constexpr UInt64 bothWords(UInt32 first, UInt32 second) noexcept
 {
-    return word | parity(word) * PARITY_BIT;
+    return first | UInt64(second) << 32;
+}
+
+constexpr UInt64 bothWords(UInt32 word) noexcept
+{
+    return bothWords(word, word);
+}
+
+/// Two words that have all but channel and F, which the parity leaves out,
+/// with the parity of each. What crosses the halves never comes to their low
+/// bits.
+inline UInt64 withParity(UInt64 words) noexcept
+{
+    UInt64 ones = words;
+    for (unsigned int distance = 16; distance != 0; distance /= 2)
+        ones ^= ones >> distance;
+    return words | (ones & bothWords(1)) << 31;
+}
+
+/// Puts two words to `out` and returns the position behind them.
+inline unsigned char * putWords(unsigned char * out, UInt64 words) noexcept
+{
+    return putWord(putWord(out, static_cast<UInt32>(words)), static_cast<UInt32>(words >> 32));
 }
 
 /// Puts one word to `out` and returns the position behind it. `sample` has 24
@@ -95,7 +126,17 @@ inline unsigned char * encodeSample(unsigned char * out, unsigned int sample, un
 {
     UInt32 word = (sample & SAMPLE_MASK) << SAMPLE_SHIFT;
     word |= UInt32(v) * INVALID_BIT | UInt32(u) * USER_BIT | UInt32(c) * CHANNEL_STATUS_BIT;
-    return putWord(out, withParity(word) | UInt32(f) * FRAME_BIT | (channel & CHANNEL_MASK));
+    word |= parity(word) * PARITY_BIT;
+    return putWord(out, word | UInt32(f) * FRAME_BIT | (channel & CHANNEL_MASK));
+}
+
+/// The sample of a word, which is 800000h where it is no sound, unless
+/// `ignoreValid`. What stands above its 24 bits has no meaning.
+inline UInt32 sampleOf(UInt32 word, bool ignoreValid) noexcept
+{
+    UInt32 const NO_SOUND = 0x800000;
+
+    return (word & INVALID_BIT) != 0 && !ignoreValid ? NO_SOUND : word >> SAMPLE_SHIFT;
 }
 
 /// Puts the sample of the word at `in` to `out`, 3 bytes with the low one
@@ -103,10 +144,7 @@ inline unsigned char * encodeSample(unsigned char * out, unsigned int sample, un
 /// comes as 00 00 80, unless `ignoreValid`.
 inline unsigned char const * decodeSample(unsigned char * out, unsigned char const * in, bool ignoreValid) noexcept
 {
-    UInt32 const NO_SOUND = 0x800000;
-
-    UInt32 const word = wordAt(in);
-    UInt32 const sample = (word & INVALID_BIT) != 0 && !ignoreValid ? NO_SOUND : word >> SAMPLE_SHIFT;
+    UInt32 const sample = sampleOf(wordAt(in), ignoreValid);
     for (unsigned int i = 0; i < DECODED_SIZE; ++i)
         out[i] = static_cast<unsigned char>(sample >> 8 * i);
     return in + WORD_SIZE;

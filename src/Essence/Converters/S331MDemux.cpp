@@ -23,20 +23,37 @@ namespace {
 // first cache of a processor.
 UInt64 const BUFFER_SIZE = 512 * S331M::SAMPLE_SIZE;
 
-// A word without sound, since V is set.
-unsigned char const NO_SOUND[S331M::WORD_SIZE] = {0, 0, 0, S331M::INVALID_BIT >> 24};
-
-// How many bytes lie between samples of one channel.
-struct Strides
+// Decodes `count` samples of `CHANNELS` channels, of which bit n of
+// `validFlags` tells of channel n. Writes whole words, so one byte behind the
+// last sample too.
+template <unsigned int CHANNELS>
+void decode(unsigned char * out, unsigned char const * words, UInt64 count, unsigned int validFlags, bool ignoreValid)
 {
-    UInt64 in;
-    UInt64 out;
-};
+    UInt32 silenced[CHANNELS];
+    for (unsigned int n = 0; n < CHANNELS; ++n)
+        silenced[n] = (validFlags >> n & 1) != 0 ? 0 : S331M::INVALID_BIT;
 
-void decodeChannel(unsigned char * out, unsigned char const * words, UInt64 count, Strides strides, bool ignoreValid)
+    for (UInt64 i = 0; i < count; ++i, words += S331M::SAMPLE_SIZE)
+        for (unsigned int n = 0; n < CHANNELS; ++n, out += S331M::DECODED_SIZE)
+        {
+            UInt32 const word = S331M::wordAt(words + n * S331M::WORD_SIZE) | silenced[n];
+            S331M::putWord(out, S331M::sampleOf(word, ignoreValid));
+        }
+}
+
+auto decoderOf(unsigned int channels)
 {
-    for (UInt64 i = 0; i < count; ++i, words += strides.in, out += strides.out)
-        S331M::decodeSample(out, words, ignoreValid);
+    switch (channels)
+    {
+    case 1:
+        return decode<1>;
+    case 2:
+        return decode<2>;
+    case 4:
+        return decode<4>;
+    default:
+        return decode<8>;
+    }
 }
 
 // The channels of one stream in the present element.
@@ -54,7 +71,7 @@ public:
 
     void beginElement(UInt64 sampleCount)
     {
-        samples_.resize(sampleCount * sampleSize());
+        samples_.resize(sampleCount * sampleSize() + BYTES_BEHIND);
         filled_ = 0;
     }
 
@@ -65,15 +82,8 @@ public:
         if ((header.flags & S331M::ElementHeader::FVUCP_VALID) != 0)
             loadStatus(words, count);
 
-        for (unsigned int n = 0; n < channels_; ++n)
-        {
-            unsigned char * const out = samples_.data() + filled_ + n * S331M::DECODED_SIZE;
-            if (ignoreValid || (header.channelValidFlags >> (firstChannel_ + n) & 1) != 0)
-                decodeChannel(out, words + n * S331M::WORD_SIZE, count, {S331M::SAMPLE_SIZE, sampleSize()},
-                              ignoreValid);
-            else
-                decodeChannel(out, NO_SOUND, count, {0, sampleSize()}, false);
-        }
+        unsigned int const validFlags = header.channelValidFlags >> firstChannel_;
+        decoderOf(channels_)(samples_.data() + filled_, words, count, validFlags, ignoreValid);
         filled_ += count * sampleSize();
     }
 
@@ -91,9 +101,14 @@ public:
 
     short sourceWordLength() const noexcept { return loader_.isComplete() ? channelStatus_.sourceWordLength() : 0; }
 
-    Templates::vector<unsigned char> const & samples() const noexcept { return samples_; }
+    // The samples of the element, once all are taken.
+    unsigned char const * samples() const noexcept { return samples_.data(); }
+    UInt64 size() const noexcept { return filled_; }
 
 private:
+    // What `decode` writes behind the last sample.
+    static constexpr UInt64 BYTES_BEHIND = S331M::WORD_SIZE - S331M::DECODED_SIZE;
+
     UInt64 sampleSize() const noexcept { return UInt64(channels_) * S331M::DECODED_SIZE; }
 
     void loadStatus(unsigned char const * words, UInt64 count)
@@ -205,9 +220,8 @@ private:
 
         for (unsigned int n = 0; n < streams_.size(); ++n)
         {
-            auto const & samples = streams_[n]->samples();
-            DataIO::Memory::MemoryDataSource source(samples.data(), samples.size());
-            KLV::Value value(source, samples.size());
+            DataIO::Memory::MemoryDataSource source(streams_[n]->samples(), streams_[n]->size());
+            KLV::Value value(source, streams_[n]->size());
             demux_.streamData(n, value);
         }
     }

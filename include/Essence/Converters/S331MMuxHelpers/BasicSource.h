@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Essence/AES3/S331M.h"
 #include "Platform/Allocation.h"
 #include "Platform/Export.h"
 #include "Platform/Integers.h"
@@ -42,6 +43,14 @@ protected:
     unsigned char firstChannel() const noexcept { return firstChannel_; }
     unsigned int pairCount() const noexcept { return pairCount_; }
     void pairCount(unsigned int count) noexcept { pairCount_ = count; }
+
+    /// The channel numbers of a pair, in two words.
+    UInt64 channelsOfPair(unsigned int pair) const noexcept
+    {
+        using namespace AES3::S331M;
+        UInt32 const first = firstChannel_ + 2 * pair;
+        return bothWords(first & CHANNEL_MASK, (first + 1) & CHANNEL_MASK);
+    }
 
     /// Bytes of one sample's words.
     UInt64 wordsSize() const noexcept;

@@ -47,8 +47,9 @@ protected:
     PCMBasicSource(unsigned char firstChannel, PCMLayout const & layout);
 
 private:
+    static constexpr unsigned int STATUS_BITS = AES3::ChannelStatusDataFormat::BITS;
+
     void loadStatusBits();
-    UInt32 nextStatusBits() noexcept;
 
     template <unsigned int SIZE>
     void encodeBlocks(unsigned char * out, unsigned char const * blocks, UInt64 count) noexcept;
@@ -59,8 +60,8 @@ private:
     AES3::ChannelStatusDumper dumper_;
 
     // F and C of each sample of a block of channel status, where they stand
-    // in a word. The status doesn't change, so it is dumped once.
-    UInt32 statusBits_[AES3::ChannelStatusDataFormat::BITS];
+    // in the words of a pair. The status doesn't change, so it is dumped once.
+    UInt64 statusBits_[STATUS_BITS];
     unsigned int statusPosition_;
 };
 

@@ -2,7 +2,6 @@
 
 #include "Essence/AES3/S302M/Header.h"
 #include "Essence/AES3/S302M/SamplePair.h"
-#include "Essence/AES3/S331M.h"
 #include "Essence/RecordIn.h"
 #include "Exceptions/Check.h"
 #include "Exceptions/InvalidFormat.h"
@@ -18,14 +17,15 @@ using AES3::S302M::SamplePair;
 
 namespace {
 
-// The word of a channel, without channel and F, from its sub-frame: sample,
-// V, U and C follow each other in both.
+// The words of a pair, without channel and F, from its two sub-frames:
+// sample, V, U and C follow each other in both.
 template <unsigned int BITS>
-UInt32 wordOf(UInt64 subFrame) noexcept
+UInt64 wordsOf(UInt64 pair) noexcept
 {
     UInt64 const MASK = (UInt64(1) << (BITS + 3)) - 1;
     unsigned int const SHIFT = S331M::SAMPLE_SHIFT + 24 - BITS;
-    return S331M::withParity(static_cast<UInt32>((subFrame & MASK) << SHIFT));
+    UInt64 const subFrames = (pair & MASK) | (pair >> (BITS + 4) & MASK) << 32;
+    return S331M::withParity(subFrames << SHIFT);
 }
 
 }
@@ -107,15 +107,12 @@ void AES3Source::encodeBlocks(unsigned char * out, unsigned char const * blocks,
 {
     for (UInt64 i = 0; i < count; ++i, out += S331M::SAMPLE_SIZE)
     {
-        unsigned char * word = out;
-        for (unsigned int n = 0; n < 2 * pairCount(); n += 2, blocks += SamplePair<BITS>::SIZE)
+        unsigned char * words = out;
+        for (unsigned int n = 0; n < pairCount(); ++n, blocks += SamplePair<BITS>::SIZE)
         {
             UInt64 const pair = SamplePair<BITS>::numberIn(blocks);
-            UInt32 const framing = (pair >> (BITS + 3) & 1) * S331M::FRAME_BIT;
-            UInt32 const first = firstChannel() + n;
-            word = S331M::putWord(word, wordOf<BITS>(pair) | framing | (first & S331M::CHANNEL_MASK));
-            word =
-                S331M::putWord(word, wordOf<BITS>(pair >> (BITS + 4)) | framing | ((first + 1) & S331M::CHANNEL_MASK));
+            UInt64 const framing = (pair >> (BITS + 3) & 1) * S331M::bothWords(S331M::FRAME_BIT);
+            words = S331M::putWords(words, wordsOf<BITS>(pair) | framing | channelsOfPair(n));
         }
     }
 }

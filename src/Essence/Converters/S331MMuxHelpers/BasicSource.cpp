@@ -1,7 +1,5 @@
 #include "Essence/Converters/S331MMuxHelpers/BasicSource.h"
 
-#include "Essence/AES3/S331M.h"
-
 namespace Vantry { namespace Essence { namespace Converters { namespace S331MMuxHelpers {
 
 namespace S331M = AES3::S331M;
@@ -22,12 +20,13 @@ UInt64 BasicSource::wordsSize() const noexcept
 
 void BasicSource::writeSilence(unsigned char * out, UInt64 count) const noexcept
 {
+    UInt64 const NO_SOUND = S331M::withParity(S331M::bothWords(S331M::INVALID_BIT));
+
     for (UInt64 i = 0; i < count; ++i, out += S331M::SAMPLE_SIZE)
     {
-        unsigned char * word = out;
-        for (unsigned int n = 0; n < 2 * pairCount_; ++n)
-            word =
-                S331M::encodeSample(word, 0, static_cast<unsigned char>(firstChannel_ + n), false, false, false, true);
+        unsigned char * words = out;
+        for (unsigned int n = 0; n < pairCount_; ++n)
+            words = S331M::putWords(words, NO_SOUND | channelsOfPair(n));
     }
 }
 

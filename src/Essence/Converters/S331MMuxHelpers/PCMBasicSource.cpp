@@ -25,13 +25,18 @@ UInt32 lowBits(unsigned int count)
     return count < MAXIMUM_BITS ? (UInt32(1) << count) - 1 : S331M::SAMPLE_MASK;
 }
 
+// Two samples of `SIZE` bytes, the first in the low half.
 template <unsigned int SIZE>
-UInt32 numberAt(unsigned char const * bytes) noexcept
+UInt64 samplesAt(unsigned char const * bytes) noexcept
 {
-    UInt32 number = 0;
-    for (unsigned int i = 0; i < SIZE; ++i)
-        number |= UInt32(bytes[i]) << 8 * i;
-    return number;
+    if constexpr (SIZE == 1)
+        return S331M::bothWords(bytes[0], bytes[1]);
+
+    UInt32 const MASK = (UInt32(1) << 8 * SIZE) - 1;
+    UInt64 number = S331M::wordAt(bytes);
+    if constexpr (SIZE == 3)
+        number |= UInt64(bytes[4] | bytes[5] << 8) << 32;
+    return S331M::bothWords(static_cast<UInt32>(number) & MASK, static_cast<UInt32>(number >> 8 * SIZE));
 }
 
 }
@@ -74,20 +79,13 @@ void PCMBasicSource::describe(AES3::ChannelStatus & status) const
 
 void PCMBasicSource::loadStatusBits()
 {
-    for (UInt32 & bits : statusBits_)
+    for (UInt64 & bits : statusBits_)
     {
         bool framing = false;
         bool value = false;
         dumper_.pop(framing, value);
-        bits = UInt32(framing) * S331M::FRAME_BIT | UInt32(value) * S331M::CHANNEL_STATUS_BIT;
+        bits = S331M::bothWords(UInt32(framing) * S331M::FRAME_BIT | UInt32(value) * S331M::CHANNEL_STATUS_BIT);
     }
-}
-
-UInt32 PCMBasicSource::nextStatusBits() noexcept
-{
-    UInt32 const bits = statusBits_[statusPosition_];
-    statusPosition_ = statusPosition_ + 1 < AES3::ChannelStatusDataFormat::BITS ? statusPosition_ + 1 : 0;
-    return bits;
 }
 
 bool PCMBasicSource::fetch(unsigned short count)
@@ -112,21 +110,31 @@ template <unsigned int SIZE>
 void PCMBasicSource::encodeBlocks(unsigned char * out, unsigned char const * blocks, UInt64 count) noexcept
 {
     unsigned int const SHIFT = S331M::SAMPLE_SHIFT + (S331M::DECODED_SIZE - SIZE) * 8;
+    UInt64 const CHANNEL_STATUS = S331M::bothWords(S331M::CHANNEL_STATUS_BIT);
+    UInt64 const FRAME = S331M::bothWords(S331M::FRAME_BIT);
 
-    unsigned int const words = 2 * pairCount();
-    for (UInt64 i = 0; i < count; ++i, blocks += blockSize(), out += S331M::SAMPLE_SIZE)
+    // Bytes that are written might be any member, so members are read before.
+    UInt64 channels[S331M::CHANNELS / 2];
+    unsigned int const pairs = pairCount();
+    for (unsigned int n = 0; n < pairs; ++n)
+        channels[n] = channelsOfPair(n);
+    UInt64 const valid = S331M::bothWords(validMask_);
+    UInt64 const step = blockSize();
+    unsigned int position = statusPosition_;
+    for (UInt64 i = 0; i < count; ++i, blocks += step, out += S331M::SAMPLE_SIZE)
     {
-        UInt32 const status = nextStatusBits();
+        UInt64 const status = statusBits_[position];
+        position = position + 1 < STATUS_BITS ? position + 1 : 0;
         unsigned char const * sample = blocks;
-        unsigned char * word = out;
-        for (unsigned int n = 0; n < words; ++n, sample += SIZE)
+        unsigned char * words = out;
+        for (unsigned int n = 0; n < pairs; ++n, sample += 2 * SIZE)
         {
-            UInt32 const sound = (numberAt<SIZE>(sample) & validMask_) << SHIFT;
-            UInt32 const channel = (firstChannel() + n) & S331M::CHANNEL_MASK;
-            word = S331M::putWord(word, S331M::withParity(sound | (status & S331M::CHANNEL_STATUS_BIT)) |
-                                            (status & S331M::FRAME_BIT) | channel);
+            UInt64 const sound = (samplesAt<SIZE>(sample) & valid) << SHIFT;
+            words = S331M::putWords(words, S331M::withParity(sound | (status & CHANNEL_STATUS)) | (status & FRAME) |
+                                               channels[n]);
         }
     }
+    statusPosition_ = position;
 }
 
 }}}}
