@@ -36,20 +36,33 @@ private:
 
     static constexpr unsigned int PCM_PAIR_SIZE = 2 * Pair::PCM_SIZE;
 
-    // The framing bit of A is that of B too, so that both are complete with
-    // the same group, and the groups behind needn't be looked at.
+    // Flags where they are packed, in the byte of A's and in the last one.
+    static constexpr unsigned int FRAMING_A = 1 << Pair::FLAGS_A_SHIFT;
+    static constexpr unsigned int STATUS_A = 2 << Pair::FLAGS_A_SHIFT;
+    static constexpr unsigned int STATUS_B = 2;
+
+    // The framing bit of A is that of B too, so that both begin and are
+    // complete with the same groups, and no others need be looked at.
     void loadPair(unsigned char const * packed, UInt64 groups, ChannelStatusLoader & a, ChannelStatusLoader & b) const
     {
-        for (; groups > 0 && !a.isComplete(); --groups, packed += groupSize())
+        UInt64 group = a.isRecording() ? 0 : firstFramed(packed, groups);
+        for (; group < groups && !a.isComplete(); ++group)
         {
-            unsigned int const flagsA = packed[Pair::FLAGS_A_BYTE] >> Pair::FLAGS_A_SHIFT;
-            bool const framing = (flagsA & 1) != 0;
-            if (!framing && !a.isRecording())
-                continue;
-
-            a.push(framing, (flagsA & 2) != 0);
-            b.push(framing, (packed[Pair::SIZE - 1] & 2) != 0);
+            unsigned char const * const pair = packed + group * groupSize();
+            bool const framing = (pair[Pair::FLAGS_A_BYTE] & FRAMING_A) != 0;
+            a.push(framing, (pair[Pair::FLAGS_A_BYTE] & STATUS_A) != 0);
+            b.push(framing, (pair[Pair::SIZE - 1] & STATUS_B) != 0);
         }
+    }
+
+    UInt64 firstFramed(unsigned char const * packed, UInt64 groups) const noexcept
+    {
+        UInt64 const distance = groupSize();
+        unsigned char const * flags = packed + Pair::FLAGS_A_BYTE;
+        UInt64 group = 0;
+        for (; group < groups && (*flags & FRAMING_A) == 0; ++group)
+            flags += distance;
+        return group;
     }
 };
 
