@@ -11,16 +11,12 @@ namespace Vantry { namespace Application {
 
 EssenceStream::EssenceStream(FileLayout const & layout, unsigned int bodySID, Warnings & warnings) : bodySID_(bodySID)
 {
-    std::size_t const count = layout.partitions().size();
-    for (std::size_t i = 0; i < count; ++i)
+    for (std::size_t const i : layout.partitionsOf(bodySID))
     {
         MXFIO::Partition const & partition = *layout.partitions()[i];
         Packs::PartitionPack const & pack = partition.partitionPack();
-        if (pack.bodySID() != bodySID)
-            continue;
-
         isGeneric_ = isGeneric_ || pack.isGenericStreamsPartition();
-        endsOpen_ = i + 1 == count && layout.endsOpen();
+        endsOpen_ = i + 1 == layout.partitions().size() && layout.endsOpen();
         add(pack.bodyOffset(), partition.bodyAbsoluteOffset(), layout.end(i), warnings);
     }
 }

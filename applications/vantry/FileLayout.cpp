@@ -112,6 +112,15 @@ FileLayout::FileLayout(DataIO::RandomAccessDataSource & file, Warnings & warning
     sortOut();
     if (!rip_)
         lookBehindFooter(warnings);
+    for (std::size_t i = 0; i < partitions_.size(); ++i)
+        partitionsOfStreams_[partitions_[i]->partitionPack().bodySID()].push_back(i);
+}
+
+std::vector<std::size_t> const & FileLayout::partitionsOf(unsigned int bodySID) const
+{
+    static std::vector<std::size_t> const NONE;
+    auto const found = partitionsOfStreams_.find(bodySID);
+    return found != partitionsOfStreams_.end() ? found->second : NONE;
 }
 
 UInt64 FileLayout::end(std::size_t partition) const

@@ -4,6 +4,7 @@
 #include "Packs/RandomIndexPack.h"
 
 #include <cstddef>
+#include <map>
 #include <vector>
 
 namespace Vantry { namespace Application {
@@ -34,6 +35,9 @@ public:
     /// In file order; none when the file has no header partition.
     std::vector<MXFIO::Partition *> const & partitions() const { return partitions_; }
 
+    /// Which of the partitions have essence of a stream, in file order.
+    std::vector<std::size_t> const & partitionsOf(unsigned int bodySID) const;
+
     /// Where that which belongs to a partition ends: at the next one, at the
     /// random index pack or at the end of the file.
     UInt64 end(std::size_t partition) const;
@@ -62,6 +66,7 @@ private:
     Templates::SharedPtr<Packs::RandomIndexPack const> rip_;
     UInt64 ripOffset_;
     std::vector<MXFIO::Partition *> partitions_;
+    std::map<unsigned int, std::vector<std::size_t>> partitionsOfStreams_;
 };
 
 }}
