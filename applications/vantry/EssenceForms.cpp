@@ -44,6 +44,12 @@ int const MPEG_BYTE = 13;
 
 unsigned char const UNCOMPRESSED_SOUND[] = {0x04, 0x02, 0x02, 0x01};
 
+// Track numbers of the sound element of SMPTE 386M, but for the count and the
+// number of the element.
+unsigned const EIGHT_CHANNEL_ELEMENT = 0x06001000;
+unsigned const ITEM_AND_TYPE = 0xFF00FF00;
+unsigned short const MOST_CHANNELS = 8;
+
 unsigned char mappingByte(Types::UniversalLabel const & container)
 {
     return hasItem(container, GENERIC_CONTAINER) ? container[MAPPING_BYTE] : 0;
@@ -175,6 +181,29 @@ std::optional<SoundFormat> waveFormat(Types::UniversalLabel const * container, F
     if (sound == nullptr || !mayHoldWave(container, *sound) || !isUncompressed(*sound))
         return std::nullopt;
     return formatOf(*sound);
+}
+
+bool isEightChannelSound(Types::UniversalLabel const * container, unsigned trackNumber)
+{
+    return trackNumber == 0 ? containerInfo(container).mapping == RP224UniversalLabels::D10
+                            : (trackNumber & ITEM_AND_TYPE) == EIGHT_CHANNEL_ELEMENT;
+}
+
+SoundFormat eightChannelFormat(FileDescriptor const * descriptor)
+{
+    SoundFormat format;
+    format.samplesPerSecond = 48000;
+    format.bitsPerSample = 24;
+    format.channels = MOST_CHANNELS;
+    auto const * const sound = dynamic_cast<GenericSoundEssenceDescriptor const *>(descriptor);
+    std::optional<SoundFormat> const claimed = sound != nullptr ? formatOf(*sound) : std::nullopt;
+    if (claimed)
+        format.samplesPerSecond = claimed->samplesPerSecond;
+    if (claimed && claimed->bitsPerSample <= 16)
+        format.bitsPerSample = 16;
+    if (claimed && claimed->channels <= MOST_CHANNELS)
+        format.channels = claimed->channels;
+    return format;
 }
 
 }}

@@ -25,5 +25,14 @@ EssenceForm pictureForm(Types::UniversalLabel const * container,
 std::optional<SoundFormat> waveFormat(Types::UniversalLabel const * container,
                                       Metadata::Structural::FileDescriptor const * descriptor);
 
+/// Whether sound lies in eight-channel elements (SMPTE 331M).
+///
+/// \param trackNumber  of the track; 0 where it has none
+bool isEightChannelSound(Types::UniversalLabel const * container, unsigned trackNumber);
+
+/// What a descriptor says of such sound, or what is usual: 48000 Hz, 24 bits
+/// and all channels.
+SoundFormat eightChannelFormat(Metadata::Structural::FileDescriptor const * descriptor);
+
 }
 }

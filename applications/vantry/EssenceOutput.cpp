@@ -2,6 +2,7 @@
 
 #include "DataIO/Memory/MemoryDataSink.h"
 #include "Delivery.h"
+#include "EightChannelOutput.h"
 #include "Essence/Wave/WaveWriter.h"
 #include "Failure.h"
 #include "GatheringFile.h"
@@ -183,6 +184,7 @@ char const * extensionOf(EssenceForm form)
     case EssenceForm::DV:
         return ".dv";
     case EssenceForm::PCM:
+    case EssenceForm::EIGHT_CHANNELS:
         return ".wav";
     case EssenceForm::OTHER:
         break;
@@ -197,6 +199,9 @@ std::unique_ptr<EssenceOutput> makeOutput(EssenceTrack const & track, fs::path c
         return std::make_unique<PictureFolder>(path, force, firstEditUnit);
     if (track.form == EssenceForm::PCM)
         return std::make_unique<WaveOutput>(track.sound, path, force);
+    if (track.form == EssenceForm::EIGHT_CHANNELS)
+        return std::make_unique<EightChannelOutput>(track.sound, [path, force](SoundFormat const & format)
+                                                    { return std::make_unique<WaveOutput>(format, path, force); });
     return std::make_unique<StreamOutput>(path, force);
 }
 
@@ -204,6 +209,9 @@ std::unique_ptr<EssenceOutput> makeStandardOutput(EssenceTrack const & track)
 {
     if (track.form == EssenceForm::PCM)
         return std::make_unique<WaveOutput>(track.sound);
+    if (track.form == EssenceForm::EIGHT_CHANNELS)
+        return std::make_unique<EightChannelOutput>(track.sound, [](SoundFormat const & format)
+                                                    { return std::make_unique<WaveOutput>(format); });
     return std::make_unique<StreamOutput>();
 }
 

@@ -34,6 +34,9 @@ public:
 
     /// Bytes of the file, or of all files in the folder.
     virtual UInt64 size() const = 0;
+
+    /// What was wrong with the elements; empty when nothing was.
+    virtual std::string fault() const { return {}; }
 };
 
 /// What stands behind the name and track number of an output; nothing for a

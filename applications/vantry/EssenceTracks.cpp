@@ -135,6 +135,11 @@ EssenceTrack describe(SourcePackage const & package, TimelineTrack const & track
     Types::UniversalLabel const * const container = descriptor != nullptr ? descriptor->essenceContainer() : nullptr;
     if (result.kind == "picture")
         result.form = pictureForm(container, descriptor);
+    else if (result.kind == "sound" && isEightChannelSound(container, result.trackNumber))
+    {
+        result.form = EssenceForm::EIGHT_CHANNELS;
+        result.sound = eightChannelFormat(descriptor);
+    }
     else if (std::optional<SoundFormat> const format = waveFormat(container, descriptor))
     {
         result.form = EssenceForm::PCM;

@@ -24,6 +24,7 @@ enum class EssenceForm
     JPEG_2000,
     DV,
     PCM,
+    EIGHT_CHANNELS, ///< the element of SMPTE 331M, which D-10 has
     OTHER
 };
 

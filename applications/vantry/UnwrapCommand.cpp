@@ -307,6 +307,11 @@ std::string UnwrapCommand::walk(Job const & job, bool quiet) const
 
 std::string UnwrapCommand::faultOf(Job const & job, std::string const & fault) const
 {
+    for (auto const & container : job.containers)
+        for (auto const & track : container->tracks())
+            if (fault.empty() && !track->output().fault().empty())
+                return faultOf(job, track->output().fault());
+
     std::optional<UInt64> missing = 0;
     for (auto const & container : job.containers)
     {

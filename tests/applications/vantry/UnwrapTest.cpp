@@ -39,6 +39,7 @@ Kind const KINDS[] = {
     {"MPEG-2, intra",    PICTURE + SOUND + "-c:v mpeg2video -g 1 -b:v 20M -c:a pcm_s24le -f mxf", "v:0", "mpeg2video", "a_2.m2v"},
     {"24-bit sound",     PICTURE + SOUND + "-c:v mpeg2video -c:a pcm_s24le -f mxf",             "a:0", "s24le", "a_3.wav"},
     {"D-10",             D10,                                                                   "v:0", "mpeg2video", "a_2.m2v"},
+    {"sound of D-10",    D10,                                                                   "a:0", "s16le", "a_3.wav"},
     {"AVC",              PICTURE + "-c:v libx264 -profile:v high -bf 2 -f mxf",                 "v:0", "h264", "a_2.h264"},
     {"JPEG 2000",        PICTURE + "-c:v jpeg2000 -f mxf",                                      "v:0", "rawvideo", "a_2"},
     {"DNxHD, a clip",    "-f lavfi -i testsrc2=s=1920x1080:r=25:d=0.2 -c:v dnxhd -b:v 120M -pix_fmt yuv422p -f mxf_opatom",
