@@ -1,6 +1,7 @@
 #include "WrapCommand.h"
 
 #include "CommonOptions.h"
+#include "D10Inputs.h"
 #include "Exceptions/InvalidValue.h"
 #include "Failure.h"
 #include "Interruption.h"
@@ -59,7 +60,7 @@ bool isIn(std::string const & input, fs::path const & name)
 
 std::string lineOf(WrappedFile const & file)
 {
-    std::size_t const tracks = file.inputs().size();
+    std::size_t const tracks = file.tracks();
     std::string lines = fmt::format("{}  {} track{}, {} edit units, {} bytes\n", file.target().string(), tracks,
                                     tracks == 1 ? "" : "s", file.editUnits(), file.size());
     for (auto const & input : file.inputs())
@@ -111,6 +112,7 @@ void WrapCommand::declareOptions(Options & options)
     options.text("--pattern", pattern_, "op1a|opatom",
                  "Make one file of all (default), or a file of each with a clip, which belong together");
     options.text("--wrapping", wrapping_, "frame|clip", "Wrap frame by frame (default), or one input as a clip");
+    options.flag("--d10", isD10_, "Make a D-10 file of MPEG-2 intra frames and up to eight channels of sound");
     options.text("--edit-rate", editRate_, "N/D", "Edit units per second; by default the pictures', else 25/1");
     options.text("--timecode", timeCode_, "HH:MM:SS:FF", "The first time code; with ; ahead of FF for drop frame");
     options.text("--name", name_, "TEXT", "The name of the material package");
@@ -167,6 +169,10 @@ WrapSettings WrapCommand::settings() const
     if (settings.isAtom && wrapping_ == "frame")
         wrongUsage("--pattern opatom takes clips, not frames");
 
+    settings.isD10 = isD10_;
+    if (settings.isD10 && settings.isClip)
+        wrongUsage("--d10 is op1a, and wraps by the frame");
+
     if (!editRate_.empty() && !(settings.editRate = editRateOf(editRate_)))
         wrongUsage("--edit-rate " + editRate_ + " is no rate such as 25/1");
     if (!timeCode_.empty() && !(settings.timeCode = WrittenTimeCode::of(timeCode_)))
@@ -183,6 +189,8 @@ WrapSettings WrapCommand::settings() const
     if (Platform::stringToWstring(name_.c_str()).size() > LONGEST_NAME)
         wrongUsage(fmt::format("--name has {} characters at most", LONGEST_NAME));
     settings.kagSize = number(kagSize_, "--kag", LARGEST_KAG_SIZE, settings.kagSize);
+    if (settings.isD10 && settings.kagSize != WrapSettings::USUAL_KAG_SIZE)
+        wrongUsage(fmt::format("--d10 has a grid of {} bytes", WrapSettings::USUAL_KAG_SIZE));
     settings.editUnitsPerPartition = number(editUnitsPerPartition_, "--partition-every", ~0u, 0);
     settings.hasRIP = !hasNoRIP_;
     settings.isDeterministic = isDeterministic_;
@@ -242,6 +250,9 @@ WrapSettings WrapCommand::checked(WrapSettings const & settings)
 
 WrappedFile::Inputs WrapCommand::openInputs(WrapSettings const & settings) const
 {
+    if (settings.isD10)
+        return openD10Inputs(essence_);
+
     bool const hasPictures =
         std::any_of(essence_.begin(), essence_.end(), [](auto const & found) { return isPictureKind(found.kind); });
     TakenAs const frames = hasPictures ? TakenAs::FRAMES_BESIDE_PICTURES : TakenAs::FRAMES;

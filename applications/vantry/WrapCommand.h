@@ -51,6 +51,7 @@ private:
     std::optional<UInt64> kagSize_;
     std::optional<UInt64> editUnitsPerPartition_;
     bool hasNoRIP_ = false;
+    bool isD10_ = false;
     bool isDeterministic_ = false;
     bool force_ = false;
 

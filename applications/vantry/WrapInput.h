@@ -37,6 +37,15 @@ public:
     ///         that can't be wrapped.
     WrapInput(FoundEssence found, TakenAs takenAs);
 
+    /// Takes essence whose analyzer is there and preloaded; inputs that share
+    /// one share a track.
+    ///
+    /// \param isLeft  whether there is essence that wasn't taken
+    WrapInput(FoundEssence found, Analyzer analyzer, std::function<bool()> isLeft) :
+        found_(std::move(found)), analyzer_(std::move(analyzer)), isLeft_(std::move(isLeft))
+    {
+    }
+
     std::string const & file() const { return found_.file; }
     bool isPicture() const { return isPictureKind(found_.kind); }
 

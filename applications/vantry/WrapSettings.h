@@ -48,6 +48,7 @@ struct WrapSettings
 
     bool isAtom = false;
     bool isClip = false;
+    bool isD10 = false;
     std::optional<Templates::Rational<int>> editRate;
     std::optional<WrittenTimeCode> timeCode;
     std::string name;

@@ -3,6 +3,7 @@
 #include "Failure.h"
 #include "GenericContainer/ClipWrapper/Wrapper.h"
 #include "GenericContainer/Multiplexer/Mux.h"
+#include "GenericContainer/Multiplexer/SystemItemGenerator.h"
 #include "Metadata/Structural/MaterialPackage.h"
 #include "Metadata/Structural/Sequence.h"
 #include "Metadata/Structural/SourcePackage.h"
@@ -33,9 +34,10 @@ UInt64 const SIZE_UNKNOWN = 0;
 unsigned char const SEVERAL_MAPPINGS[16] = {0x06, 0x0E, 0x2B, 0x34, 0x04, 0x01, 0x01, 0x03,
                                             0x0D, 0x01, 0x03, 0x01, 0x02, 0x7F, 0x01, 0x00};
 
-Types::UniversalLabel containerLabel(WrappedFile::Inputs const & inputs)
+Types::UniversalLabel containerLabel(WrapSettings const & settings, WrappedFile::Inputs const & inputs)
 {
-    return inputs.size() == 1 ? inputs.front()->analyzer()->universalLabel() : Types::UniversalLabel(SEVERAL_MAPPINGS);
+    return inputs.size() == 1 || settings.isD10 ? inputs.front()->analyzer()->universalLabel()
+                                                : Types::UniversalLabel(SEVERAL_MAPPINGS);
 }
 
 std::unique_ptr<PatternBuilder>
@@ -104,6 +106,15 @@ void WrappedFile::start()
     makeCreator(container);
 }
 
+std::vector<WrapInput::Analyzer> WrappedFile::analyzers() const
+{
+    std::vector<WrapInput::Analyzer> analyzers;
+    for (auto const & input : inputs_)
+        if (analyzers.empty() || analyzers.back().get() != input->analyzer().get())
+            analyzers.push_back(input->analyzer());
+    return analyzers;
+}
+
 auto_ptr<Source> WrappedFile::makeContainer()
 {
     return settings_.isClip || settings_.isAtom ? makeClip() : makeFrames();
@@ -112,22 +123,26 @@ auto_ptr<Source> WrappedFile::makeContainer()
 auto_ptr<Source> WrappedFile::makeFrames()
 {
     // Where the index needs it, units that differ by a sample get one size.
-    bool const fill = settings_.indexPlace == IndexPlace::HEADER;
+    bool const fill = settings_.indexPlace == IndexPlace::HEADER || settings_.isD10;
     bool const hasPictures =
         std::any_of(inputs_.begin(), inputs_.end(), [](auto const & input) { return input->isPicture(); });
 
-    GenericContainer::Multiplexer::Mux mux(builder_->metadata(), containerLabel(inputs_), rate_, nullptr);
+    GenericContainer::Multiplexer::Mux mux(builder_->metadata(), containerLabel(settings_, inputs_), rate_, nullptr);
     mux.kagSize(settings_.kagSize);
     mux.multiplexAllEssence(!hasPictures);
     askForTimeCode(mux, rate_);
-    for (auto const & input : inputs_)
-        mux.addAnalyzer(input->analyzer(), fill, 0);
+    if (settings_.isD10)
+        mux.addAnalyzer(WrapInput::Analyzer(new GenericContainer::Multiplexer::SystemItemGenerator(
+                            rate_, startTimeCode(), containerLabel(settings_, inputs_))),
+                        fill, 0);
+    for (WrapInput::Analyzer const & analyzer : analyzers())
+        mux.addAnalyzer(analyzer, fill, 0);
     return mux.commit();
 }
 
 auto_ptr<Source> WrappedFile::makeClip()
 {
-    GenericContainer::ClipWrapper::Wrapper wrapper(builder_->metadata(), containerLabel(inputs_), rate_, {},
+    GenericContainer::ClipWrapper::Wrapper wrapper(builder_->metadata(), containerLabel(settings_, inputs_), rate_, {},
                                                    SIZE_UNKNOWN);
     wrapper.kagSize(settings_.kagSize);
     askForTimeCode(wrapper, rate_);
@@ -193,7 +208,12 @@ UInt64 WrappedFile::editUnits() const
 
 unsigned int WrappedFile::trackID(std::size_t input) const
 {
-    return materialPackage().track(static_cast<unsigned int>(place_ + input + 1))->trackID()->value();
+    std::vector<WrapInput::Analyzer> const all = analyzers();
+    auto const own =
+        std::find_if(all.begin(), all.end(),
+                     [&](auto const & analyzer) { return analyzer.get() == inputs_[input]->analyzer().get(); });
+    auto const place = static_cast<unsigned int>(own - all.begin());
+    return materialPackage().track(place_ + place + 1)->trackID()->value();
 }
 
 }}

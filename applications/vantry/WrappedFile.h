@@ -55,10 +55,14 @@ public:
     unsigned int place() const { return place_; }
     void place(unsigned int place) { place_ = place; }
 
+    /// Tracks with essence: one for each input, but for those that share one.
+    std::size_t tracks() const { return analyzers().size(); }
+
     /// The number that the track of an input has.
     unsigned int trackID(std::size_t input) const;
 
 private:
+    std::vector<WrapInput::Analyzer> analyzers() const;
     Templates::auto_ptr<GenericContainer::Source> makeContainer();
     Templates::auto_ptr<GenericContainer::Source> makeFrames();
     Templates::auto_ptr<GenericContainer::Source> makeClip();

@@ -50,12 +50,12 @@ unsigned int megabitsOf(SequenceHeader const & sequence)
 
 }
 
-D10Format::D10Format(unsigned int megabits, bool is625, Rate const & rate) :
-    megabits_(megabits),
-    is625_(is625),
-    pictureSize_(static_cast<unsigned int>(UInt64(megabits) * 1000000 / 8 * static_cast<UInt64>(rate.denominator()) /
-                                           static_cast<UInt64>(rate.numerator())))
+// Where the rates give a picture no whole number of bytes, encoders round up.
+D10Format::D10Format(unsigned int megabits, bool is625, Rate const & rate) : megabits_(megabits), is625_(is625)
 {
+    UInt64 const bytes = UInt64(megabits) * 1000000 / 8 * static_cast<UInt64>(rate.denominator());
+    auto const frames = static_cast<UInt64>(rate.numerator());
+    pictureSize_ = static_cast<unsigned int>((bytes + frames - 1) / frames);
 }
 
 D10Format D10Format::of(SequenceHeader const & sequence)
