@@ -244,6 +244,12 @@ void expectAll(std::vector<Case> const & cases)
 TEST(InfoFacts, CountsByAnyIndex)
 {
     Bytes const clip = packet(essenceKey(), counting(UNITS * VALUE_SIZE));
+    auto const strayIndex = []
+    {
+        auto const segment = indexSegment(0, UNITS);
+        segment->bodySID(7);
+        return serialized(*segment);
+    };
     auto const clipWrapped = [&](Bytes const & footerIndex)
     {
         std::vector<FilePart> all = parts(footerIndex, metadata(CLIP_WRAPPED));
@@ -274,6 +280,11 @@ TEST(InfoFacts, CountsByAnyIndex)
         {"of one size, with empty arrays of entries", with(indexOfEmptyArrays(UNIT_SIZE, "0000000B")), 5, {}},
         {"of nothing but empty arrays", with(indexOfEmptyArrays(0, "0000000B")), 5, {}},
         {"one entry more than edit units", with(index(0, UNITS, UNITS + 1)), 5, {}},
+        {"segments that overlap", with(index(0, 4, 4) + index(2, 3, 3) + index(1, 1, 1)), 5, {}},
+        {"of a stream that is nowhere",
+         with(index(0, UNITS, UNITS) + strayIndex()),
+         5,
+         {"there is an index of body SID 7, and no essence"}},
         {"too short", with(index(0, 3, 3)), 5, {"the index of body SID 1 covers 3 of 5 edit units"}},
         {"with a gap", with(index(0, 1, 1) + index(3, 2, 2)), 5, {"the index of body SID 1 covers 1 of 5 edit units"}},
         {"fewer entries than edit units",
