@@ -10,6 +10,8 @@ namespace Vantry { namespace Essence { namespace Converters {
 ///
 /// Only the first two channels carry their sound over. The others are there
 /// and silent.
+///
+/// Each read makes a packet, so who asks for few bytes gets small packets.
 class VANTRY_EXPORT WaveToS302M : public DataIO::SliceSource
 {
 public:

@@ -20,8 +20,8 @@ namespace S302M {
 ///     header size x 4, payload                   each packet
 ///     pair of channels 0 and 1, pair of 2 and 3  each sample of a payload
 ///
-/// A packet without payload gives nothing, and one that is cut off gives its
-/// whole samples.
+/// A packet without payload gives nothing. One that is cut off gives its whole
+/// samples, but for the first, which has to be whole.
 class VANTRY_EXPORT Source : public DataIO::SliceSource
 {
 public:
