@@ -5,13 +5,16 @@
 ffmpeg makes the files in FOLDER: one of MEGABYTES (3000 when not given) with
 pictures in long GOPs and four sound tracks, and one of 200,000 small edit
 units, fewer by as much as MEGABYTES are below 3000. What was unwrapped of the first
-is wrapped again, beside copies of it into one file. FOLDER needs room for three
-times MEGABYTES; all is removed at the end.
+is wrapped again, and so are a wave file of MEGABYTES, a wave file of a second,
+and a folder of JPEG 2000 codestreams of a third of MEGABYTES. FOLDER needs room
+for three times MEGABYTES; all is removed at the end.
 
-Times are the shortest of several runs, with the file in the page cache and
-nothing left to be written to the disk. Since the speed of a disk comes and
-goes, a job is measured in turns with copies of the same file. On a machine that
-does other things too, processor time tells more than the time that passes.
+Times are the shortest of several runs, with the files in the page cache and
+nothing left to be written to the disk. A job is measured against the faster of
+two copies of its inputs into one file, that of cp or cat and a plain one in
+blocks. Since the speed of a disk comes and goes, and what ran before leaves its
+traces, all three take turns in going first. On a machine that does other
+things too, processor time tells more than the time that passes.
 """
 
 import shutil
@@ -30,6 +33,8 @@ BLOCK_SIZE = 1 << 20
 CODING = "-c:v mpeg2video -g 12 -bf 2"
 LARGE_PICTURES = f"-f lavfi -i testsrc2=s=1920x1080:r=25,noise=alls=20:allf=t {CODING} -pix_fmt yuv422p -q:v 4 -t 2.4"
 SMALL_PICTURES = f"-f lavfi -i testsrc2=s=64x64:r=25 {CODING} -q:v 31 -t 40"
+CODESTREAMS = "-f lavfi -i testsrc2=s=1920x1080:r=25,noise=alls=20:allf=t -c:v jpeg2000 -format j2k -q:v 10 -t 0.4"
+SOUND = "-f lavfi -i anoisesrc=r=48000:d=10:c=pink -ac 8 -c:a pcm_s24le"
 SOUND_TRACKS = 4
 
 
@@ -37,13 +42,13 @@ def ffmpeg(arguments, path):
     subprocess.run(["ffmpeg", "-nostdin", "-y", "-loglevel", "fatal", *arguments.split(), path], check=True)
 
 
-def piece_of(path):
-    return path.with_suffix(".ts")
+def piece_of(path, suffix):
+    return path.with_name("piece" + suffix)
 
 
 def make(path, pictures, sound_tracks, until):
     """Codes a few seconds of pictures, and repeats them as they are."""
-    piece = piece_of(path)
+    piece = piece_of(path, ".ts")
     ffmpeg(f"{pictures} -f mpegts", piece)
     sound = "-f lavfi -i sine=r=48000 " * sound_tracks
     maps = " ".join(f"-map {stream}" for stream in range(sound_tracks + 1))
@@ -51,21 +56,41 @@ def make(path, pictures, sound_tracks, until):
     piece.unlink()
 
 
-def copy_in_blocks(source, target):
-    """Seconds that a plain copy takes."""
+def make_wave(path, until):
+    """Repeats a few seconds of sound."""
+    piece = piece_of(path, ".wav")
+    ffmpeg(SOUND, piece)
+    ffmpeg(f"-stream_loop -1 -i {piece} -c copy {until}", path)
+    piece.unlink()
+
+
+def make_codestreams(folder, megabytes):
+    """Codes a few pictures, and repeats them as they are."""
+    folder.mkdir()
+    ffmpeg(f"{CODESTREAMS} -start_number 0", folder / "%08d.j2c")
+    pictures = sorted(folder.iterdir())
+    size = sum(picture.stat().st_size for picture in pictures)
+    for number in range(len(pictures), len(pictures) * megabytes * 1_000_000 // size):
+        shutil.copy(pictures[number % len(pictures)], folder / f"{number:08}.j2c")
+
+
+def copy_by_program(sources, target):
+    """Seconds that it takes to copy files one behind the other."""
+    if len(sources) == 1:
+        return measure(["cp", *sources, target])[0]
+    with open(target, "wb") as out:
+        return measure(["cat", *sources], out)[0]
+
+
+def copy_in_blocks(sources, target):
+    """The same of a plain loop."""
     block = memoryview(bytearray(BLOCK_SIZE))
     start = time.monotonic()
-    with open(source, "rb", buffering=0) as file, open(target, "wb", buffering=0) as out:
-        while size := file.readinto(block):
-            out.write(block[:size])
-    return time.monotonic() - start
-
-
-def copy_into_one(sources, target):
-    """Seconds that it takes to copy files one behind the other."""
-    start = time.monotonic()
-    with open(target, "wb") as out:
-        subprocess.run(["cat", *sources], stdout=out, check=True)
+    with open(target, "wb", buffering=0) as out:
+        for source in sources:
+            with open(source, "rb", buffering=0) as file:
+                while size := file.readinto(block):
+                    out.write(block[:size])
     return time.monotonic() - start
 
 
@@ -73,19 +98,21 @@ class Bench:
     def __init__(self, vantry, folder):
         self.vantry = Path(vantry).absolute()
         self.file = Path(folder, "large.mxf")
-        self.copy = Path(folder, "copy")
+        self.wave = Path(folder, "large.wav")
+        self.codestreams = Path(folder, "codestreams")
         self.essence = Path(folder, "essence")
+        self.results = Path(folder, "results")
 
     def remove(self):
-        for path in (self.copy, self.file, piece_of(self.file)):
+        for path in (self.file, piece_of(self.file, ".ts"), self.wave, piece_of(self.wave, ".wav")):
             path.unlink(missing_ok=True)
-        shutil.rmtree(self.essence, ignore_errors=True)
+        for folder in (self.codestreams, self.essence, self.results):
+            shutil.rmtree(folder, ignore_errors=True)
 
     def settle(self):
         """Nothing is left of the run before, nor for the disk to do."""
-        self.copy.unlink(missing_ok=True)
-        shutil.rmtree(self.essence, ignore_errors=True)
-        self.essence.mkdir()
+        shutil.rmtree(self.results, ignore_errors=True)
+        self.results.mkdir()
         subprocess.run(["sync"], check=True)
 
     def info(self):
@@ -93,34 +120,44 @@ class Bench:
         runs = [measure([self.vantry, "info", self.file]) for _ in range(3 * ROUNDS)]
         return min(seconds for seconds, _, _ in runs), min(busy for _, _, busy in runs)
 
-    def unwrap(self):
-        """Seconds, megabytes, and seconds of a copy."""
-        copies, unwraps, megabytes = [], [], []
-        for _ in range(ROUNDS):
-            self.settle()
-            copies.append(measure(["cp", self.file, self.copy])[0])
-            self.settle()
-            copies.append(copy_in_blocks(self.file, self.copy))
-            self.settle()
-            seconds, memory, _ = measure([self.vantry, "unwrap", "--quiet", self.file, "-o", self.essence])
-            unwraps.append(seconds)
-            megabytes.append(memory)
-        return min(unwraps), max(megabytes), min(copies)
+    def against_copies(self, job, inputs):
+        """Seconds and megabytes of a job, and seconds of a copy."""
+        copy = self.results / "copy"
+        turns = [lambda: copy_by_program(inputs, copy), lambda: measure(job), lambda: copy_in_blocks(inputs, copy)]
+        taken = [[] for _ in turns]
+        for first in range(ROUNDS):
+            for turn in range(first, first + len(turns)):
+                self.settle()
+                taken[turn % len(turns)].append(turns[turn % len(turns)]())
+        by_program, runs, in_blocks = taken
+        return min(run[0] for run in runs), max(run[1] for run in runs), min(by_program + in_blocks)
 
-    def wrap(self, pattern, *options):
-        """The same of wrapping the essence that matches."""
-        inputs = sorted(self.essence.glob(pattern))
-        copies, wraps, megabytes = [], [], []
-        for _ in range(ROUNDS):
-            self.copy.unlink(missing_ok=True)
-            subprocess.run(["sync"], check=True)
-            copies.append(copy_into_one(inputs, self.copy))
-            self.copy.unlink(missing_ok=True)
-            subprocess.run(["sync"], check=True)
-            seconds, memory, _ = measure([self.vantry, "wrap", "--quiet", *options, *inputs, "-o", self.copy])
-            wraps.append(seconds)
-            megabytes.append(memory)
-        return min(wraps), max(megabytes), min(copies)
+    def unwrap(self):
+        job = [self.vantry, "unwrap", "--quiet", self.file, "-o", self.results]
+        return self.against_copies(job, [self.file])
+
+    def wrap_command(self, *inputs):
+        return [self.vantry, "wrap", "--quiet", *inputs, "-o", self.results / "wrapped.mxf"]
+
+    def wrap_essence(self):
+        """Wraps the tracks of the file."""
+        measure([self.vantry, "unwrap", "--quiet", self.file, "-o", self.essence])
+        inputs = sorted(self.essence.iterdir())
+        return self.against_copies(self.wrap_command(*inputs), inputs)
+
+    def wrap_clip(self):
+        return self.against_copies(self.wrap_command("--wrapping", "clip", self.wave), [self.wave])
+
+    def wrap_codestreams(self):
+        return self.against_copies(self.wrap_command(self.codestreams), sorted(self.codestreams.iterdir()))
+
+    def wrap_second(self):
+        """Seconds that it takes to wrap hardly anything."""
+        runs = []
+        for _ in range(3 * ROUNDS):
+            self.settle()
+            runs.append(measure(self.wrap_command("--wrapping", "clip", self.wave))[0])
+        return min(runs)
 
 
 def row(name, measured, form, limit=None):
@@ -144,14 +181,20 @@ def report(bench, name):
 
 
 def main(vantry, folder, megabytes=FULL_SIZE):
-    share = min(1, int(megabytes) / FULL_SIZE)
-    edit_units = int(share * EDIT_UNITS)
+    megabytes = int(megabytes)
+    edit_units = int(min(1, megabytes / FULL_SIZE) * EDIT_UNITS)
     bench = Bench(vantry, folder)
     try:
         make(bench.file, LARGE_PICTURES, SOUND_TRACKS, f"-fs {megabytes}M")
         report(bench, f"{megabytes} MB")
-        report_times("wrap, pictures and sound", bench.wrap("*"), 1.3)
-        report_times("wrap, a clip of sound", bench.wrap("*_3.wav", "--wrapping", "clip"), 1.1)
+        report_times("wrap, pictures and sound", bench.wrap_essence(), 1.3)
+        bench.remove()
+        make_wave(bench.wave, f"-fs {megabytes}M")
+        report_times("wrap, a clip of sound", bench.wrap_clip(), 1.1)
+        make_wave(bench.wave, "-t 1")
+        row("wrap, a second of sound", 1000 * bench.wrap_second(), "{:.1f} ms")
+        make_codestreams(bench.codestreams, max(1, megabytes // 3))
+        report_times("wrap, JPEG 2000 pictures", bench.wrap_codestreams(), 1.2)
         make(bench.file, SMALL_PICTURES, 0, f"-frames:v {edit_units}")
         report(bench, f"{edit_units} edit units")
     finally:

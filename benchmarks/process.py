@@ -6,11 +6,11 @@ import sys
 import time
 
 
-def measure(arguments):
+def measure(arguments, output=subprocess.DEVNULL):
     """What a program takes, which must succeed: seconds, megabytes of memory,
     and seconds of processor time."""
     start = time.monotonic()
-    process = subprocess.Popen(arguments, stdout=subprocess.DEVNULL)
+    process = subprocess.Popen(arguments, stdout=output)
     _, status, usage = os.wait4(process.pid, 0)
     seconds = time.monotonic() - start
     if status != 0:
