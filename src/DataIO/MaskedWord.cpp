@@ -18,6 +18,11 @@ using Vector = Byte __attribute__((vector_size(32)));
 
 std::ptrdiff_t const STEP = 4 * sizeof(Vector);
 
+// What comes from a file is out of the processor's caches, and its own look
+// ahead ends with each page.
+std::ptrdiff_t const LOOK_AHEAD = 4096;
+std::ptrdiff_t const CACHE_LINE = 64;
+
 // A search for one byte pays where it is rare. When two are so close together
 // the search goes on by two bytes at once, for so many positions.
 std::ptrdiff_t const CLOSE = 1024;
@@ -41,6 +46,9 @@ unsigned int rarity(Anchor const & anchor) noexcept
 
     for (; last - begin >= STEP; begin += STEP)
     {
+        for (Byte const * line = begin; line != begin + STEP; line += CACHE_LINE)
+            __builtin_prefetch(line + LOOK_AHEAD);
+
         Vector hits{};
         for (Byte const * at = begin; at != begin + STEP; at += sizeof(Vector))
         {
