@@ -15,13 +15,10 @@ UInt64 const BLOCK_SIZE_AFTER_JUMP = 1 << 16;
 
 }
 
-BlockSource::BlockSource(std::unique_ptr<DataIO::RandomAccessDataSource> file) :
-    PositionedDataSource(file->absoluteOffset() + file->remaining()),
-    file_(std::move(file)),
-    block_(BLOCK_SIZE),
-    blockStart_(0),
-    blockEnd_(0)
+BlockSource::BlockSource(std::string const & file) :
+    PositionedDataSource(0), file_(file), blockStart_(0), blockEnd_(0)
 {
+    resize(file_.size());
 }
 
 BytesInMemory BlockSource::lend(UInt64 howMuch)
@@ -42,8 +39,8 @@ void BlockSource::readBlock()
 
     UInt64 const size = position() == blockEnd_ ? BLOCK_SIZE : BLOCK_SIZE_AFTER_JUMP;
     blockStart_ = blockEnd_ = position();
-    file_->seek(position());
-    blockEnd_ += file_->read(block_.data(), std::min(size, remaining()));
+    block_ = file_.window(position(), std::min(size, remaining()));
+    blockEnd_ += block_.size();
 }
 
 UInt64 BlockSource::read(unsigned char * destination, UInt64 howMuch)

@@ -1,21 +1,22 @@
 #pragma once
 
 #include "DataIO/PositionedDataSource.h"
+#include "FileWindow.h"
 #include "Input.h"
 #include "Platform/Integers.h"
 
 #include <functional>
-#include <memory>
-#include <vector>
+#include <string>
 
 namespace Vantry { namespace Application {
 
 /// Reads a file in large blocks and lends their bytes, which then get to an
-/// output without being copied.
+/// output without being copied on the way.
 class BlockSource : public DataIO::PositionedDataSource
 {
 public:
-    explicit BlockSource(std::unique_ptr<DataIO::RandomAccessDataSource> file);
+    /// \throws Failure when there is no such file, or it can't be read.
+    explicit BlockSource(std::string const & file);
 
     /// Is called before a block makes room for another.
     void beforeBlockGoes(std::function<void()> listener) { blockGoes_ = std::move(listener); }
@@ -32,7 +33,7 @@ public:
     {
         if (position() < blockStart_ || position() >= blockEnd_)
             return {};
-        return {block_.data() + (position() - blockStart_), static_cast<std::size_t>(blockEnd_ - position())};
+        return {block_.begin() + (position() - blockStart_), static_cast<std::size_t>(blockEnd_ - position())};
     }
 
     UInt64 read(unsigned char * destination, UInt64 howMuch) override;
@@ -40,10 +41,10 @@ public:
 private:
     void readBlock();
 
-    std::unique_ptr<DataIO::RandomAccessDataSource> file_;
+    WindowedFile file_;
     std::function<void()> blockGoes_;
 
-    std::vector<unsigned char> block_;
+    FileWindow block_;
     UInt64 blockStart_;
     UInt64 blockEnd_;
 };

@@ -30,7 +30,7 @@ public:
     StreamOutput() = default;
 
     void append(unsigned char const * bytes, std::size_t size) override { file_.append(bytes, size); }
-    void flush() override { file_.flush(); }
+    void flush() override { file_.settle(); }
     void complete() override { file_.close(); }
     UInt64 size() const override { return file_.size(); }
 
@@ -68,7 +68,7 @@ public:
         UInt64 const length = size() - headerSize_;
         if (length % 2 != 0)
             file().append(&PAD, 1); // chunks end at even positions
-        flush();
+        file().flush();
         if (canRewind())
         {
             std::vector<unsigned char> const final = header(length);
@@ -95,7 +95,7 @@ private:
         std::vector<unsigned char> const bytes = header(0);
         headerSize_ = bytes.size();
         file().append(bytes.data(), bytes.size());
-        flush();
+        file().settle();
     }
 
     SoundFormat format_;

@@ -2,7 +2,6 @@
 
 #include "Analyzers/AVIStream.h"
 #include "Analyzers/JPEG2000Analyzer.h"
-#include "DataIO/File/FileSliceSource.h"
 #include "DataIO/RandomAccessDataSource.h"
 #include "DataIO/SliceReader.h"
 #include "Essence/AES3/AES3Info.h"
@@ -14,10 +13,10 @@
 #include "Failure.h"
 #include "Input.h"
 #include "PacketStreams.h"
-#include "Platform/Text.h"
 #include "StreamForms.h"
 #include "Text.h"
 #include "WholeSoundPackets.h"
+#include "WindowSource.h"
 
 #include <algorithm>
 #include <cstring>
@@ -38,8 +37,9 @@ namespace {
 // What is looked at to recognise an input: more than a packet of sound.
 UInt64 const HEAD_SIZE = 1 << 17;
 
-// A slice stays in the processor's cache on its way to the output.
-UInt64 const SLICE_SIZE = 1 << 18;
+// A slice stays in the processor's cache on its way to the output, and is
+// large enough that calls to the system don't count.
+UInt64 const SLICE_SIZE = 1 << 20;
 
 // Bytes that may lie between two packets of a stream.
 UInt64 const LONGEST_GAP = 1 << 20;
@@ -64,8 +64,7 @@ std::string headOf(std::string const & file)
 
 Source openFile(std::string const & file)
 {
-    return Source(
-        new DataIO::File::FileSliceSource(Platform::stringToWstring(file.c_str()).c_str(), SLICE_SIZE, SLICE_SIZE));
+    return Source(new WindowSource(file, SLICE_SIZE));
 }
 
 std::unique_ptr<AVIStream> openAVI(std::string const & file, unsigned int stream)

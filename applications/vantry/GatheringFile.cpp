@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <functional>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -38,14 +39,15 @@ GatheringFile::GatheringFile(std::filesystem::path const & path, std::filesystem
     file_(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666)),
     size_(0),
     small_(SMALL_ROOM),
-    smallUsed_(0)
+    smallUsed_(0),
+    lent_(0)
 {
     if (file_ < 0)
         fail();
 }
 
 GatheringFile::GatheringFile() :
-    name_("standard output"), file_(STDOUT_FILENO), size_(0), small_(SMALL_ROOM), smallUsed_(0)
+    name_("standard output"), file_(STDOUT_FILENO), size_(0), small_(SMALL_ROOM), smallUsed_(0), lent_(0)
 {
 }
 
@@ -66,6 +68,7 @@ void GatheringFile::append(unsigned char const * bytes, std::size_t size)
         keepSmall(bytes, size);
     else
         addPiece(bytes, size);
+    lent_ += size < SMALL_PIECE ? 0 : size;
     size_ += size;
 }
 
@@ -75,6 +78,12 @@ void GatheringFile::keepSmall(unsigned char const * bytes, std::size_t size)
     std::memcpy(copy, bytes, size);
     smallUsed_ += size;
     addPiece(copy, size);
+}
+
+bool GatheringFile::isLent(iovec const & piece) const
+{
+    std::less<void const *> const isAhead{};
+    return isAhead(piece.iov_base, small_.data()) || !isAhead(piece.iov_base, small_.data() + small_.size());
 }
 
 void GatheringFile::addPiece(unsigned char const * bytes, std::size_t size)
@@ -89,6 +98,20 @@ void GatheringFile::addPiece(unsigned char const * bytes, std::size_t size)
         }
     }
     pieces_.push_back({const_cast<unsigned char *>(bytes), size});
+}
+
+void GatheringFile::settle()
+{
+    if (lent_ > SMALL_ROOM - smallUsed_)
+        return flush();
+
+    for (iovec & piece : pieces_)
+        if (isLent(piece))
+        {
+            piece.iov_base = std::memcpy(small_.data() + smallUsed_, piece.iov_base, piece.iov_len);
+            smallUsed_ += piece.iov_len;
+        }
+    lent_ = 0;
 }
 
 void GatheringFile::flush()
@@ -106,6 +129,7 @@ void GatheringFile::flush()
     }
     pieces_.clear();
     smallUsed_ = 0;
+    lent_ = 0;
 }
 
 void GatheringFile::overwrite(UInt64 position, unsigned char const * bytes, std::size_t size)

@@ -31,6 +31,10 @@ public:
     /// Appends bytes, which stay where they are until `flush`.
     void append(unsigned char const * bytes, std::size_t size);
 
+    /// Has no more need of the bytes where they lie. Few are kept until there
+    /// are more, and many written out.
+    void settle();
+
     /// Writes out what was appended.
     void flush();
 
@@ -46,6 +50,7 @@ public:
 private:
     void keepSmall(unsigned char const * bytes, std::size_t size);
     void addPiece(unsigned char const * bytes, std::size_t size);
+    bool isLent(iovec const & piece) const;
     [[noreturn]] void fail() const;
 
     std::string name_;
@@ -54,6 +59,7 @@ private:
     std::vector<iovec> pieces_;
     std::vector<unsigned char> small_; // copies, where a piece isn't worth it
     std::size_t smallUsed_;
+    std::size_t lent_; // bytes of pieces that are no copies
 };
 
 }}

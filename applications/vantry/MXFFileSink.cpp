@@ -8,7 +8,7 @@ namespace {
 
 // Enough for calls to the system not to count, and little enough to lie in the
 // processor's cache since it was read.
-UInt64 const MOST_HELD = 1 << 18;
+UInt64 const MOST_HELD = 1 << 19;
 
 }
 

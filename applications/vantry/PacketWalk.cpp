@@ -18,6 +18,7 @@ namespace Vantry { namespace Application {
 namespace {
 
 UInt64 const NO_LIMIT = std::numeric_limits<UInt64>::max();
+std::size_t const KEY_SIZE = 16;
 
 // A length field that can't be decoded shows with its first byte. The search
 // goes on with the second byte of its key.
@@ -52,6 +53,8 @@ struct Head
     unsigned char const * key;
     unsigned char berLength;
     UInt64 length;
+
+    std::size_t size() const { return KEY_SIZE + berLength; }
 };
 
 /// The head of a packet that lies in memory from its first byte to its last,
@@ -60,7 +63,6 @@ std::optional<Head> headInMemory(BytesInMemory const & memory)
 {
     unsigned char const PREFIX[] = {0x06, 0x0E, 0x2B, 0x34};
     unsigned const HIGHEST_CATEGORY = 3;
-    std::size_t const KEY_SIZE = 16;
     std::size_t const LONGEST_BER = 9;
     unsigned const INDEFINITE_LENGTH = 0x80;
     unsigned const LONGEST_LENGTH = 0x88; // eight bytes follow
@@ -78,23 +80,33 @@ std::optional<Head> headInMemory(BytesInMemory const & memory)
     return isWhole ? std::optional(head) : std::nullopt;
 }
 
+/// The head of the next packet, which the source then stands before, if that
+/// lies in memory. Fill items ahead of it cost no more than a look.
+std::optional<Head> nextInMemory(Input & input, bool passesFill)
+{
+    BytesInMemory const memory = input.ahead();
+    std::size_t passed = 0;
+    std::optional<Head> head = headInMemory(memory);
+    while (head && passesFill && KLV::isFillItem(KLV::Key(head->key)))
+    {
+        passed += head->size() + head->length;
+        head = headInMemory({memory.bytes + passed, memory.size - passed});
+    }
+    input.source().skip(passed);
+    return head;
+}
+
 /// Takes the packets that are in memory, in a fraction of the time that the
 /// reader needs for small ones. Returns whether the listener wants more.
 bool takeFromMemory(Input & input, PacketListener & listener)
 {
     DataIO::DataSource & source = input.source();
-    while (std::optional<Head> const head = headInMemory(input.ahead()))
+    bool const passesFill = listener.ignoresFill();
+    while (std::optional<Head> const head = nextInMemory(input, passesFill))
     {
-        KLV::Key const key(head->key);
         UInt64 const start = source.absoluteOffset();
-        source.skip(key.size() + head->berLength);
-        if (listener.ignoresFill() && KLV::isFillItem(key))
-        {
-            source.skip(head->length);
-            continue;
-        }
-
-        KLV::Packet packet(key, head->berLength, head->length, source, start);
+        source.skip(head->size());
+        KLV::Packet packet(KLV::Key(head->key), head->berLength, head->length, source, start);
         listener.value(packet);
         listener.packet(packet, head->length);
         if (listener.isSatisfied())

@@ -150,6 +150,7 @@ void UnwrapCommand::run(CommonOptions const & common, Output & output)
     SchemaInUse const schema(common.dictionary);
     std::unique_ptr<DataIO::RandomAccessDataSource> const file = openRandomAccess(file_);
     MXFIO::Reader2 reader(*file, NO_DICTIONARY, SEARCH_LIMIT);
+    reader.loadRIP(); // partitions are looked for without it too
     std::vector<EssenceContainer> const containers = readContainers(reader, schema.tables(), file_);
     checkTracks(containers);
 
@@ -286,7 +287,7 @@ void UnwrapCommand::add(Job & job, MXFIO::Reader2 & reader, EssenceContainer con
 
 std::string UnwrapCommand::walk(Job const & job, bool quiet) const
 {
-    BlockSource source(openRandomAccess(file_));
+    BlockSource source(file_);
     Progress progress(source.remaining(), quiet);
     auto const flush = [&]
     {

@@ -1,4 +1,5 @@
 #include "DumpCommand.h"
+#include "FileWindow.h"
 #include "InfoCommand.h"
 #include "Output.h"
 #include "Program.h"
@@ -15,6 +16,7 @@ int main(int argumentCount, char ** arguments)
     // A reader of the result that has gone shows as a failed write then, and
     // the command ends in order.
     std::signal(SIGPIPE, SIG_IGN);
+    endOnLostWindow();
 
     Program program;
     program.add(std::make_unique<DumpCommand>());
