@@ -30,7 +30,7 @@ unsigned char const LAST_SLICE = 0xAF;
 }
 
 StartCodes::StartCodes(DataIO::SliceReader & reader) :
-    reader_(reader), finder_(reader, WORD, MASK), value_(0), slices_(0)
+    reader_(reader), finder_(reader, WORD, MASK), value_(0), slices_(0), row_(0)
 {
 }
 
@@ -107,6 +107,7 @@ bool StartCodes::isWanted(unsigned char value) noexcept
     if (value >= FIRST_SLICE && value <= LAST_SLICE)
     {
         ++slices_;
+        row_ = value;
         return false;
     }
     value_ = value;

@@ -28,6 +28,10 @@ public:
     /// Slices that were passed over.
     UInt64 slices() const noexcept { return slices_; }
 
+    /// The row of macroblocks that the last of them begins in, from 1 on; in
+    /// pictures of more than 2800 lines the row within its part.
+    unsigned char row() const noexcept { return row_; }
+
 private:
     bool findInSlice(DataIO::Chain & passed);
     bool findAtSeam(Templates::auto_ptr<DataIO::Slice> slice, UInt64 size, DataIO::Chain & passed);
@@ -38,6 +42,7 @@ private:
     DataIO::SyncWordFinder finder_;
     unsigned char value_;
     UInt64 slices_;
+    unsigned char row_;
 };
 
 }}

@@ -26,7 +26,7 @@ std::string hexOf(unsigned char value)
 }
 
 VideoStream::VideoStream(Templates::SharedPtr<DataIO::SliceSource> source) :
-    reader_(std::move(source)), codes_(reader_), isAtCode_(false), pictureOffset_(0), slicesAhead_(0)
+    reader_(std::move(source)), codes_(reader_), isAtCode_(false), pictureOffset_(0), slicesAhead_(0), lastRows_{}
 {
 }
 
@@ -45,6 +45,7 @@ bool VideoStream::next(CodedFrame & frame)
         if (isAtCode_)
         {
             checkComplete(frame);
+            lastRow() = codes_.row();
             return true;
         }
         takeHeader(frame);
@@ -55,6 +56,7 @@ bool VideoStream::next(CodedFrame & frame)
     if (frame.pictures == 0)
         return false;
     checkComplete(frame);
+    checkEnd();
     return true;
 }
 
@@ -162,6 +164,18 @@ void VideoStream::checkComplete(CodedFrame const & frame)
     closePicture(frame);
     if (frame.pictures == 1 && frame.picture.structure != PictureStructure::FRAME)
         fail("field without a second one", pictureOffset_);
+}
+
+// All pictures end in the same row, unless the stream was cut.
+void VideoStream::checkEnd()
+{
+    if (codes_.row() < lastRow())
+        failHere("picture that is cut off");
+}
+
+unsigned char & VideoStream::lastRow()
+{
+    return lastRows_[picture_->structure == PictureStructure::FRAME ? 1 : 0];
 }
 
 // The bytes behind the start code, which are left there.

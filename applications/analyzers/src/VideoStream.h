@@ -63,6 +63,8 @@ private:
     void checkFormat();
     void closePicture(CodedFrame const & frame);
     void checkComplete(CodedFrame const & frame);
+    void checkEnd();
+    unsigned char & lastRow();
     DataIO::Slice peek(UInt64 size);
     [[noreturn]] void fail(std::string const & what, UInt64 offset) const;
     [[noreturn]] void failHere(std::string const & what) const { fail(what, reader_.absoluteOffset()); }
@@ -77,6 +79,10 @@ private:
     std::optional<PictureHeader> picture_;
     UInt64 pictureOffset_;
     UInt64 slicesAhead_;
+
+    // In which the last slice of a field begins, and of a frame; 0 while there
+    // was none.
+    unsigned char lastRows_[2];
 };
 
 }}

@@ -6,6 +6,7 @@
 #include "Metadata/Structural/JPEG2000PictureSubDescriptor.h"
 #include "Metadata/Structural/RGBAEssenceDescriptor.h"
 #include "support/AnalyzedEssence.h"
+#include "support/Codestream.h"
 #include "support/FFmpeg.h"
 #include "support/Failure.h"
 
@@ -14,15 +15,6 @@ namespace Vantry { namespace Tests {
 using namespace Metadata::Structural;
 using Analyzers::JPEG2000Analyzer;
 using Rate = Templates::Rational<int>;
-
-Bytes codestream(unsigned char width, unsigned char profile, unsigned char colours, unsigned char content)
-{
-    return hex("FF4F FF51 002F 00") + Bytes{profile} + hex("000000") + Bytes{width} +
-           hex("00000438 00000000 00000000 00000080 00000438 00000000 00000000 0003 0B0101 0B0101 0B0101"
-               "FF52 000C 00 000001") +
-           Bytes{colours} + hex("05 04 04 00 01 FF5C 0005 42 1234 FF90 000A 0000 00000000 00 01 FF93 0000") +
-           Bytes{content} + hex("FFD9");
-}
 
 class JPEG2000AnalyzerTest : public testing::Test
 {

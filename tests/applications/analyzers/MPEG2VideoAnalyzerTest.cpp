@@ -5,6 +5,7 @@
 #include "support/AnalyzedEssence.h"
 #include "support/FFmpeg.h"
 #include "support/Failure.h"
+#include "support/MPEGVideo.h"
 #include "support/TemporaryFile.h"
 
 #include <memory>
@@ -16,20 +17,6 @@ namespace Vantry { namespace Tests {
 using Analyzers::MPEG2VideoAnalyzer;
 using Metadata::Structural::MPEG2VideoDescriptor;
 using Rate = Templates::Rational<int>;
-
-// Headers of a stream of 4:2:0 frames of 64 by 48 at 25 per second.
-Bytes const SEQUENCE = hex("000001B3 040030 23 FFFFE018 000001B5 14 82 0001 00 00");
-Bytes const CLOSED = hex("000001B8 00080040");
-Bytes const OPEN = hex("000001B8 00080000");
-Bytes const SLICE = hex("00000101 12345678");
-
-// A picture of a type, 1 for I, 2 for P, 3 for B, and a structure, 3 for a
-// frame, with a slice.
-Bytes picture(unsigned type, unsigned reference, unsigned structure = 3)
-{
-    return hex("00000100") + Bytes{(unsigned char)(reference >> 2), (unsigned char)(reference << 6 | type << 3)} +
-           hex("FFF8 000001B5 8FFF") + Bytes{(unsigned char)(0xF0 | structure)} + hex("8180") + SLICE;
-}
 
 class MPEG2VideoAnalyzerTest : public testing::Test
 {
@@ -123,6 +110,15 @@ TEST_F(MPEG2VideoAnalyzerTest, TellsWhereAStreamIsDamaged)
         EXPECT_FAILURE(InvalidFormat, ("MPEG-2 video has a " + std::string(fault) + place).c_str(),
                        unitsOf(analyze(first + bytes)));
     }
+
+    Bytes const lower = hex("00000102 12345678");
+    Bytes const fields = picture(1, 1, 1) + lower + picture(2, 1, 2);
+    Bytes const cut = first + lower + fields + lower + picture(2, 2);
+    EXPECT_EQ(unitsOf(analyze(cut + lower)).size(), 3u);
+    EXPECT_EQ(unitsOf(analyze(first + lower + fields)).size(), 2u) << "fields have fewer rows";
+    EXPECT_FAILURE(InvalidFormat,
+                   ("MPEG-2 video has a picture that is cut off at byte " + std::to_string(cut.size())).c_str(),
+                   unitsOf(analyze(cut)));
 
     auto const second = std::to_string(first.size() + otherSize.size());
     EXPECT_FAILURE(
