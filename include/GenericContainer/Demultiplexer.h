@@ -35,9 +35,10 @@ enum CacheLimitHandling : int
 /// items among them go to the listener of the container, if it has one.
 ///
 /// The container goes on from where it is, so that it can be sent to an edit
-/// unit first. While outputs are read, nothing else may use it, nor its file;
-/// neither this object nor the outputs belong to a thread. Outputs live on
-/// when this object has gone.
+/// unit first. The end of a file that grows is one for now: between reads the
+/// container can be refreshed, and then they go on. While outputs are read,
+/// nothing else may use it, nor its file; neither this object nor the outputs
+/// belong to a thread. Outputs live on when this object has gone.
 class VANTRY_EXPORT Demultiplexer
 {
 public:

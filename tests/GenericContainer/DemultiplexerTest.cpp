@@ -10,6 +10,7 @@
 #include "support/FFmpeg.h"
 #include "support/Failure.h"
 #include "support/FileBytes.h"
+#include "support/GrowingSource.h"
 #include "support/Slices.h"
 #include "support/Threads.h"
 #include "support/UseContainer.h"
@@ -172,6 +173,24 @@ TEST(Demultiplexer, GoesOnFromWhereTheContainerIs)
     EXPECT_EQ(allOf(*outputs[2]), essenceOf(SOUND, 2));
     EXPECT_EQ(allOf(*outputs[1]), essenceOf(PICTURE, 2));
     EXPECT_EQ(outputs[0]->skip(MUCH), 37 * (EDIT_UNITS - 3));
+}
+
+TEST(Demultiplexer, FollowsAFileThatGrows)
+{
+    Bytes const body = element(PICTURE, 1, 500) + element(PICTURE, 2, 500) + element(PICTURE, 3, 500);
+    Bytes const file = MXFFile({{HEADER, OPEN, {}, body, BODY_SID}}, false).bytes() + repeated(20'000, 0);
+    GrowingSource source(file, MXFFile::PACK_SIZE + 600);
+    MXFIO::Reader2 reader(source, Tests::Schema().dictionary(), SEARCH_LIMIT);
+    ContainerFacts facts({{1, PICTURE}});
+    MXFIO::ContentStorageReader content(reader, facts.data, true, false, {});
+    Demultiplexer demultiplexer(content, MUCH, FAIL_AT_CACHE_LIMIT);
+    Output const picture = demultiplexer.output(PICTURE);
+    EXPECT_EQ(allOf(*picture), repeated(500, 1)) << "a packet that isn't there whole";
+
+    source.writeUpTo(file.size());
+    content.refreshSource();
+    EXPECT_EQ(bytesOf(*picture->read(1)), repeated(500, 2));
+    EXPECT_EQ(allOf(*picture), repeated(500, 3));
 }
 
 struct CountingListener : MXFIO::SystemItemKLVPacketListener

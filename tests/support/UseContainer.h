@@ -1,5 +1,7 @@
 #pragma once
 
+#include "GenericContainer/Demultiplexer.h"
+#include "GenericContainer/ItemOutput.h"
 #include "MXFIO/ContentStorageReader.h"
 #include "MXFIO/ElementEditUnit.h"
 #include "MXFIO/ElementReader.h"
@@ -46,6 +48,16 @@ inline void useElement(MXFIO::ContentStorageReader & content, unsigned int track
     reader->nextElement(SEARCH_LIMIT, unit);
 }
 
+/// Takes a container apart, as far as outputs can hold what comes by.
+inline void demultiplex(MXFIO::ContentStorageReader & content)
+{
+    UInt64 const MOST_CACHED = 1 << 20;
+    GenericContainer::Demultiplexer demultiplexer(content, MOST_CACHED, GenericContainer::FAIL_AT_CACHE_LIMIT);
+    for (auto const & output : demultiplexer.outputs())
+        while (!output->endOfStream())
+            output->read(1);
+}
+
 /// Does all that there is to do with a container and returns the number of
 /// packets that a walk meets.
 inline std::size_t use(MXFIO::ContentStorageReader & content)
@@ -67,6 +79,9 @@ inline std::size_t use(MXFIO::ContentStorageReader & content)
                 });
     attempt([&] { content.refreshSource(); });
     attempt([&] { content.indexableDuration(); });
+
+    content.seek(0);
+    attempt([&] { demultiplex(content); });
 
     content.seek(0);
     std::size_t packets = 0;
