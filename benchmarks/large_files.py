@@ -75,23 +75,23 @@ def make_codestreams(folder, megabytes):
 
 
 def copy_by_program(sources, target):
-    """Seconds that it takes to copy files one behind the other."""
+    """What it takes to copy files one behind the other."""
     if len(sources) == 1:
-        return measure(["cp", *sources, target])[0]
+        return measure(["cp", *sources, target])
     with open(target, "wb") as out:
-        return measure(["cat", *sources], out)[0]
+        return measure(["cat", *sources], out)
 
 
 def copy_in_blocks(sources, target):
     """The same of a plain loop."""
     block = memoryview(bytearray(BLOCK_SIZE))
-    start = time.monotonic()
+    start, busy = time.monotonic(), time.process_time()
     with open(target, "wb", buffering=0) as out:
         for source in sources:
             with open(source, "rb", buffering=0) as file:
                 while size := file.readinto(block):
                     out.write(block[:size])
-    return time.monotonic() - start
+    return time.monotonic() - start, 0, time.process_time() - busy
 
 
 class Bench:
@@ -121,7 +121,8 @@ class Bench:
         return min(seconds for seconds, _, _ in runs), min(busy for _, _, busy in runs)
 
     def against_copies(self, job, inputs):
-        """Seconds and megabytes of a job, and seconds of a copy."""
+        """Time that passes and processor time of a job, both in those of a
+        copy, and its megabytes."""
         copy = self.results / "copy"
         turns = [lambda: copy_by_program(inputs, copy), lambda: measure(job), lambda: copy_in_blocks(inputs, copy)]
         taken = [[] for _ in turns]
@@ -130,7 +131,9 @@ class Bench:
                 self.settle()
                 taken[turn % len(turns)].append(turns[turn % len(turns)]())
         by_program, runs, in_blocks = taken
-        return min(run[0] for run in runs), max(run[1] for run in runs), min(by_program + in_blocks)
+        seconds, _, busy = (min(column) for column in zip(*runs))
+        copy_seconds, _, copy_busy = (min(column) for column in zip(*by_program, *in_blocks))
+        return seconds / copy_seconds, busy / copy_busy, max(megabytes for _, megabytes, _ in runs)
 
     def unwrap(self):
         job = [self.vantry, "unwrap", "--quiet", self.file, "-o", self.results]
@@ -168,8 +171,9 @@ def row(name, measured, form, limit=None):
 
 
 def report_times(job, measured, limit):
-    seconds, megabytes, copy = measured
-    row(job, seconds / copy, "{:.2f} copies", limit)
+    copies, busy, megabytes = measured
+    row(job, copies, "{:.2f} copies", limit)
+    row("processor time", busy, "{:.2f} copies")
     row("memory", megabytes, "{:.1f} MB", 64)
 
 

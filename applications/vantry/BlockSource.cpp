@@ -15,8 +15,7 @@ UInt64 const BLOCK_SIZE_AFTER_JUMP = 1 << 16;
 
 }
 
-BlockSource::BlockSource(std::string const & file) :
-    PositionedDataSource(0), file_(file), blockStart_(0), blockEnd_(0)
+BlockSource::BlockSource(std::string const & file) : PositionedDataSource(0), file_(file), blockStart_(0), blockEnd_(0)
 {
     resize(file_.size());
 }
