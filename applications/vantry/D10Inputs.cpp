@@ -97,7 +97,7 @@ Templates::SharedPtr<WaveSound> openSound(FoundEssence const & found, EightChann
     return named(found.file,
                  [&]
                  {
-                     Templates::SharedPtr<WaveSound> const sound(new SoundOfFile(found));
+                     Templates::SharedPtr<WaveSound> sound(new SoundOfFile(found));
                      if (!sound->preload() || !sound->isLeft())
                          refuse(found.file, "holds no sound");
                      all.add(sound);
