@@ -356,8 +356,12 @@ fs::path WrapCommand::targetOf(std::string const & input, Files const & files) c
 void WrapCommand::write(Files const & files, bool quiet) const
 {
     WrappedAtoms const atoms(files);
+    std::optional<Utils::TimeCode> ofSet;
     for (auto const & file : files)
-        file->start();
+    {
+        file->start(ofSet);
+        ofSet = files.front()->startTimeCode();
+    }
     atoms.aggregate();
     writeEssence(files, quiet);
     atoms.shareDurations();

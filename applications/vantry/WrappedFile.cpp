@@ -83,7 +83,7 @@ WrappedFile::WrappedFile(WrapSettings const & settings, PatternBuilder::Dictiona
 
 WrappedFile::~WrappedFile() = default;
 
-void WrappedFile::start()
+void WrappedFile::start(std::optional<Utils::TimeCode> const & ofSet)
 {
     auto_ptr<Source> container = makeContainer();
     if (settings_.indexPlace == IndexPlace::HEADER && !container->isCBE())
@@ -96,7 +96,7 @@ void WrappedFile::start()
     setStartTimeCode(*source_, start);
     numberTimeCodeTrack(*source_);
 
-    material_ = &builder_->createMaterialPackage(start, rate_);
+    material_ = &builder_->createMaterialPackage(ofSet.value_or(start), rate_);
     material_->addSourcePackage(0, *source_);
     numberTracks(materialPackage());
     if (!settings_.name.empty())

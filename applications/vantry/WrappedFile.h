@@ -28,8 +28,14 @@ public:
 
     /// Makes the metadata and the container.
     ///
+    /// \param ofSet  the first time code of the material package, where the
+    ///               first of the files that share it has that
     /// \throws Failure when the index can't be where it is wanted.
-    void start();
+    void start(std::optional<Utils::TimeCode> const & ofSet = std::nullopt);
+
+    /// As the user wants it, or the essence has it; to be called when it was
+    /// started.
+    Utils::TimeCode startTimeCode() const;
 
     /// Writes what comes next; false behind the end.
     ///
@@ -66,7 +72,6 @@ private:
     Templates::auto_ptr<GenericContainer::Source> makeContainer();
     Templates::auto_ptr<GenericContainer::Source> makeFrames();
     Templates::auto_ptr<GenericContainer::Source> makeClip();
-    Utils::TimeCode startTimeCode() const;
     void makeCreator(Templates::auto_ptr<GenericContainer::Source> container);
 
     WrapSettings const & settings_;

@@ -30,6 +30,11 @@ namespace {
 // A header may claim more sound than there is time for.
 UInt64 const MOST_UNITS = std::numeric_limits<int>::max();
 
+unsigned int const SECONDS_OF_DAY = 24 * 3600;
+
+// Above it nothing counts frames.
+int const FASTEST_TIME_CODE = 120;
+
 // SMPTE 382M.
 ElementCoding const WAVE = {0x16,
                             0x01,
@@ -98,6 +103,20 @@ public:
         else
             data.push_back(bytes);
         return samples;
+    }
+
+    // Of the next edit unit, counted from midnight on.
+    std::optional<Int64> editUnitOfDay() const
+    {
+        if (!isLoaded || !cadence || !stream.timeReference())
+            return std::nullopt;
+        UInt64 const samplesPerSecond = stream.samplesPerSecond();
+        UInt64 const second = *stream.timeReference() / samplesPerSecond % SECONDS_OF_DAY;
+        UInt64 const rest = *stream.timeReference() % samplesPerSecond;
+        auto const numerator = static_cast<UInt64>(rate.numerator());
+        UInt64 const start =
+            (second * numerator + rest * numerator / samplesPerSecond) / static_cast<UInt64>(rate.denominator());
+        return static_cast<Int64>(start + editUnits);
     }
 
     // `samples` of silence, all of them on one block.
@@ -256,6 +275,18 @@ void WaveAnalyzer::boundedEditUnitSize(int) {}
 unsigned int WaveAnalyzer::boundedEditUnitSize() const
 {
     return impl_->editUnitSize();
+}
+
+Utils::TimeCode WaveAnalyzer::currentTimeCode()
+{
+    std::optional<Int64> const editUnit = preload() ? impl_->editUnitOfDay() : std::nullopt;
+    Rate const & rate = impl_->rate;
+    if (!editUnit || rate > FASTEST_TIME_CODE)
+        return Utils::TimeCode();
+
+    int const base = (rate.numerator() + rate.denominator() - 1) / rate.denominator();
+    bool const dropFrame = rate.denominator() != 1 && (base == 30 || base == 60);
+    return Utils::TimeCode(static_cast<unsigned char>(base), *editUnit, dropFrame);
 }
 
 bool WaveAnalyzer::done()

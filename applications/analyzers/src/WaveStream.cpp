@@ -1,8 +1,10 @@
 #include "WaveStream.h"
 
 #include "Exceptions/InvalidFormat.h"
+#include "Platform/LittleEndian.h"
 
 #include <algorithm>
+#include <cstring>
 #include <limits>
 
 namespace Vantry { namespace Analyzers {
@@ -10,6 +12,10 @@ namespace Vantry { namespace Analyzers {
 namespace {
 
 UInt64 const UNKNOWN_LENGTH = 0xFFFFFFFF;
+
+// Where the count of samples since midnight stands in a broadcast extension
+// (EBU Tech 3285), low byte first, behind texts of fixed sizes.
+UInt64 const TIME_REFERENCE = 338;
 
 [[noreturn]] void refuse(std::string const & what)
 {
@@ -24,6 +30,18 @@ bool WaveStream::preload()
         return false;
     checkFormat();
     return true;
+}
+
+void WaveStream::handleBroadcastExtensionChunk(UInt64 length)
+{
+    UInt64 const end = TIME_REFERENCE + sizeof(UInt64);
+    Templates::auto_ptr<DataIO::Slice> const start = reader().read(std::min(length, end));
+    if (start->size() < end)
+        return;
+
+    Platform::LittleEndian<UInt64> reference;
+    std::memcpy(&reference, start->begin() + TIME_REFERENCE, sizeof(reference));
+    timeReference_ = reference;
 }
 
 void WaveStream::decodePCMFormat(Essence::Wave::FormatPCMChunk const & format)

@@ -46,6 +46,11 @@ public:
     ///         its header says.
     UInt64 takeSamples(UInt64 samples, DataIO::Chain & data);
 
+    /// How many samples after midnight the sound begins, where the stream tells
+    /// that ahead of it.
+    std::optional<UInt64> timeReference() const { return timeReference_; }
+
+    void handleBroadcastExtensionChunk(UInt64 length) override;
     void decodePCMFormat(Essence::Wave::FormatPCMChunk const & format) override;
     void handleDataChunkBegin(UInt64 length) override { length_ = length; }
 
@@ -54,6 +59,7 @@ private:
     UInt64 take(UInt64 size, DataIO::Chain & chain);
 
     UInt64 length_ = 0;
+    std::optional<UInt64> timeReference_;
 };
 
 }}

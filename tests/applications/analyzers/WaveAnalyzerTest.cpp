@@ -9,6 +9,7 @@
 #include "support/WaveFile.h"
 
 #include <random>
+#include <sstream>
 
 namespace Vantry { namespace Tests {
 
@@ -133,6 +134,26 @@ TEST_F(WaveAnalyzerTest, EndsWithSilenceInAFrameAndAsItIsInAClip)
     unit.duration = Rate(3, 25);
     clip.fillNullEssence(unit);
     EXPECT_EQ(bytesOf(unit.data), repeated(12 * 4, 0));
+}
+
+TEST_F(WaveAnalyzerTest, BeginsAtTheTimeOfItsBroadcastExtension)
+{
+    Bytes const sound = waveChunk("fmt ", format(1, 16, 48000)) + waveChunk("data", repeated(2 * 4000, 0));
+    auto const startAt = [&](UInt64 samples, Rate const & rate)
+    {
+        Bytes const extension = repeated(338, 'x') + littleEndian(samples, 8) + repeated(256, 0);
+        WaveAnalyzer & analyzer = analyze(waveFile(waveChunk("bext", extension) + sound), rate);
+        std::ostringstream text;
+        text << analyzer.currentTimeCode();
+        return text.str();
+    };
+    UInt64 const tenHours = UInt64(48000) * 36000;
+    EXPECT_EQ(startAt(tenHours, 25), "10:00:00:00");
+    EXPECT_EQ(startAt(tenHours + 2 * 1920 - 1, 25), "10:00:00:01");
+    EXPECT_EQ(startAt(tenHours + UInt64(48000) * 86400, 50), "10:00:00:00.0") << "the next day";
+    EXPECT_EQ(startAt(tenHours, Rate(30000, 1001)).substr(0, 8), "10:00:00");
+    EXPECT_FALSE(analyze(waveFile(waveChunk("bext", repeated(345, 0)) + sound), 25).currentTimeCode().isDefined());
+    EXPECT_FALSE(analyze(waveFile(sound), 25).currentTimeCode().isDefined());
 }
 
 TEST_F(WaveAnalyzerTest, PicksAChannel)

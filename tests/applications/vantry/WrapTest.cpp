@@ -248,6 +248,11 @@ TEST_F(WrapTest, MakesSetsOfAtoms)
         Bytes const in = essenceOf(*bench, inputs[n]);
         EXPECT_EQ(essenceOf(*bench, "atoms/" + path).first(in.size()), in);
     }
+    bench->sound("late.wav", "-c:a pcm_s16le -write_bext 1 -metadata time_reference=1728000000");
+    bench->run("wrap --pattern opatom late.wav mono.wav -o late");
+    for (char const * file : {"late/late.mxf", "late/mono.mxf"})
+        EXPECT_EQ(bench->info(file)["packages"][0]["tracks"][0]["start_timecode"], "10:00:00:00") << file;
+
     EXPECT_EQ(bench->vantry("wrap --pattern opatom mono.wav text -o none").status, 1);
     EXPECT_FALSE(fs::exists(bench->scratch.path() / "none"));
 }

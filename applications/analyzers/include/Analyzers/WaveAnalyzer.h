@@ -69,6 +69,11 @@ public:
     void boundedEditUnitSize(int size) override;
     unsigned int boundedEditUnitSize() const override;
 
+    /// That of a broadcast extension ahead of the sound (EBU Tech 3285), to
+    /// the edit unit; drop frame at 29.97 and 59.94 edit units per second, so
+    /// that it keeps to the time of day.
+    Utils::TimeCode currentTimeCode() override;
+
     bool done() override;
 
     /// Silence.
