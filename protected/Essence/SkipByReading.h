@@ -5,7 +5,8 @@
 namespace Vantry { namespace Essence {
 
 /// Passes over up to `howMuch` bytes of a source that gives slices of its own
-/// size, and puts back what was read too much.
+/// size, and puts back what was read too much. An empty slice is no end: each
+/// read gets the source further.
 template <class Impl>
 UInt64 skipByReading(Impl & source, UInt64 howMuch)
 {
@@ -14,8 +15,6 @@ UInt64 skipByReading(Impl & source, UInt64 howMuch)
     {
         UInt64 const rest = howMuch - skipped;
         Templates::auto_ptr<DataIO::Slice> slice = source.read(rest);
-        if (slice->size() == 0)
-            break;
         if (slice->size() > rest)
             source.giveBack(slice->splice(slice->begin() + rest));
         skipped += slice->size();

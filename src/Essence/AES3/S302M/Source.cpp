@@ -218,17 +218,15 @@ UInt64 Source::skip(UInt64 howMuch)
 UInt64 Source::readSamples(UInt64 count, DataIO::Chain & destination)
 {
     UInt64 delivered = 0;
-    while (delivered < count)
+    while (delivered < count && !impl_->ended())
     {
         Templates::auto_ptr<DataIO::Slice> slice = impl_->read(count - delivered);
-        if (slice->size() == 0)
-            break;
-
         UInt64 const groupSize = impl_->info().bytesPerSampleGroup;
+        if (slice->size() < std::max<UInt64>(groupSize, 1))
+            continue;
+
         UInt64 const samples = slice->size() / groupSize;
         UInt64 const wanted = std::min(samples, count - delivered);
-        if (samples == 0)
-            continue;
         if (wanted < samples)
             impl_->giveBack(slice->splice(slice->begin() + wanted * groupSize));
         destination.push_back(slice);

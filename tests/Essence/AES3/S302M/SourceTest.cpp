@@ -185,7 +185,7 @@ TEST_F(S302MSource, GivesAsManySamplesAsAreAskedFor)
 {
     Bytes const pcm = randomPCM(24, 2 * 50, random_);
     Bytes const packet = s302mPacket(24, 2, packedPCM(24, pcm));
-    Source & source = open(packet + packet, 100);
+    Source & source = open(packet + hex("0000 0000") + packet + hex("0000 0000"), 100);
 
     DataIO::Chain samples;
     EXPECT_EQ(source.readSamples(0, samples), 0u);
