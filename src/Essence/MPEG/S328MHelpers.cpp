@@ -77,6 +77,10 @@ S328M_TIME_CODE encodeS328MTimecode(Utils::TimeCode const & timeCode, bool mode)
     int const digits =
         ((timeCode.hours() * 100 + timeCode.minutes()) * 100 + timeCode.seconds()) * 100 + timeCode.frames();
     ByteCoders::encodeBCD(value, digits);
+
+    // Frame numbers from 40 on don't fit; none of their bits are flags.
+    for (unsigned int i = 0; i < FIELD_COUNT; ++i)
+        value[i] &= DIGITS[i];
     if (mode && timeCode.dropFrame())
         value[FRAMES] |= DROP_FRAME;
     if (timeCode.fieldPhase())

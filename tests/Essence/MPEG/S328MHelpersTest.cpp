@@ -51,6 +51,7 @@ TEST(S328MHelpers, HaveNoPlaceForDropFrameInTheOtherMode)
     S328M_TIME_CODE const code = encodeS328MTimecode({30, 0, 1, 0, 2, true, false}, false);
     EXPECT_EQ(code.bytes[0], 0x02);
     EXPECT_FALSE(decodeS328MTimecode(code, {30, 1}, false).dropFrame());
+    EXPECT_EQ(encodeS328MTimecode({48, 0, 0, 0, 45, false, false}, true).bytes[0], 0x05) << "four tens are no flag";
 }
 
 TEST(S328MHelpers, RefuseWhatIsNoTimeCode)
