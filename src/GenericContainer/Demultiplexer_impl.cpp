@@ -2,6 +2,7 @@
 
 #include "DataIO/BlockHolder.h"
 #include "DataIO/Memory/MemoryBlockFactory.h"
+#include "Exceptions/BaseException.h"
 #include "Exceptions/Check.h"
 #include "Exceptions/InvalidState.h"
 #include "GenericContainer/ItemOutput.h"
@@ -57,6 +58,13 @@ auto Demultiplexer_impl::remembering(Work const & work)
     try
     {
         return work();
+    }
+    catch (Exceptions::BaseException const & failure)
+    {
+        // The threads that share it are to find the text ready, not compose it.
+        failure.what();
+        failure_ = std::current_exception();
+        throw;
     }
     catch (...)
     {
