@@ -26,7 +26,7 @@ public:
     void nextElement();
 
     /// Samples of the present edit unit.
-    unsigned short sampleCount() const noexcept { return sampleCount_; }
+    unsigned short currentSampleCount() const noexcept { return sampleCount_; }
 
     /// The largest count that there is.
     unsigned short maximumSampleCount() const noexcept;

@@ -33,7 +33,7 @@ TEST(SampleCountSelector, SpreadsTheSamples)
         EXPECT_EQ(selector.maximumSampleCount(), c.maximum);
         for (std::size_t i = 0; i < c.counts.size(); ++i, selector.nextElement())
         {
-            EXPECT_EQ(selector.sampleCount(), c.counts[i]) << i;
+            EXPECT_EQ(selector.currentSampleCount(), c.counts[i]) << i;
             EXPECT_EQ(selector.sequenceCount(), c.sequence[i]) << i;
         }
     }

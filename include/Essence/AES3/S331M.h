@@ -38,8 +38,8 @@ unsigned int const DECODED_SIZE = 3;
 /// What an element begins with: 4 bytes.
 struct ElementHeader
 {
-    static unsigned char const FVUCP_VALID = 0x80;
-    static unsigned char const SEQUENCE_COUNT = 0x07;
+    static constexpr unsigned char FVUCP_VALID = 0x80;
+    static constexpr unsigned char SEQUENCE_COUNT = 0x07;
 
     unsigned char flags;
     Platform::LittleEndian<unsigned short> sampleCount;

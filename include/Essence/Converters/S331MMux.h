@@ -28,7 +28,7 @@ namespace Vantry { namespace Essence { namespace Converters {
 class VANTRY_EXPORT S331MMux : public DataIO::SliceSource
 {
 public:
-    static unsigned int const MAXIMUM_NUMBER_OF_SOURCES = 8;
+    static constexpr unsigned int MAXIMUM_NUMBER_OF_SOURCES = 8;
 
     /// \throws Exceptions::InvalidValue for an edit rate that gives an element
     ///         no sample, or more than 65535; Exceptions::BadAlloc.

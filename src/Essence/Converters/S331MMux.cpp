@@ -191,7 +191,7 @@ public:
         if (endOfStream())
             return Templates::auto_ptr<DataIO::Slice>(new DataIO::Slice);
 
-        unsigned short const count = samples_.sampleCount();
+        unsigned short const count = samples_.currentSampleCount();
         for (auto const & source : sources_)
             source->prepare(count);
 
