@@ -52,7 +52,7 @@ std::optional<std::size_t> soundPacketSize(UInt32 header)
     std::size_t const pairs = 1 + (header >> 14 & 3);
     std::size_t const bits = 16 + 4 * (header >> 4 & 3);
     std::size_t const bytesPerPair = 2 * (bits + 4) / 8;
-    bool const isNone = size == 0 || bits > 24 || (header & 0xF) != 0 || size % (pairs * bytesPerPair) != 0;
+    bool const isNone = bits > 24 || (header & 0xF) != 0 || size % (pairs * bytesPerPair) != 0;
     return isNone ? std::nullopt : std::optional<std::size_t>(S302M_HEADER_SIZE + size);
 }
 
@@ -87,9 +87,9 @@ bool isS302M(std::string_view head)
         std::optional<std::size_t> const size = soundPacketSize(numberAt<UInt32>(head, 0));
         if (!size)
             return false;
-        ++packets;
+        packets += *size > S302M_HEADER_SIZE ? 1 : 0;
         if (*size == head.size())
-            return true;
+            return packets != 0;
         head.remove_prefix(std::min(*size, head.size()));
     }
     return packets > 1;
