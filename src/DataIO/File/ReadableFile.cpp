@@ -38,6 +38,14 @@ UInt64 ReadableFile::readBeyondWindow(unsigned char * destination, UInt64 howMuc
     }
 
     position_ += done;
+
+    // The file has shrunk: who reads on to the end must come to one, and the
+    // window may reach beyond it.
+    if (done < howMuch)
+    {
+        size_ = position_;
+        windowSize_ = 0;
+    }
     return done;
 }
 

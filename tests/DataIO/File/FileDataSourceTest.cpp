@@ -104,6 +104,7 @@ TEST(FileDataSource, KnowsTheSizeFromOpening)
     file.write(counting(3));
     EXPECT_EQ(take(shrinking, 10), counting(3)) << "a file that shrank is no failure";
     EXPECT_EQ(take(shrinking, 1), Bytes());
+    EXPECT_TRUE(shrinking.endOfStream());
 }
 
 TEST(FileDataSource, TellsWhatTheSystemSays)
