@@ -106,15 +106,16 @@ void WrapCommand::declareOptions(Options & options)
 {
     options.files(
         inputs_, "INPUT",
-        "Wave files, streams of MPEG-2 video and DV, AVI files of DV and PCM, folders of JPEG 2000 codestreams, "
-        "ancillary data (SMPTE 436M)");
+        "Wave files, streams of MPEG-2 video (also in PES packets) and DV, AVI files of DV and PCM, folders of "
+        "JPEG 2000 codestreams, sound of SMPTE 302M, ancillary data of SMPTE 436M");
     options.requiredText("-o,--output", output_, "FILE", "The file to make; of several in opatom, the folder for them");
     options.text("--pattern", pattern_, "op1a|opatom",
                  "Make one file of all (default), or a file of each with a clip, which belong together");
     options.text("--wrapping", wrapping_, "frame|clip", "Wrap frame by frame (default), or one input as a clip");
     options.flag("--d10", isD10_, "Make a D-10 file of MPEG-2 intra frames and up to eight channels of sound");
     options.text("--edit-rate", editRate_, "N/D", "Edit units per second; by default the pictures', else 25/1");
-    options.text("--timecode", timeCode_, "HH:MM:SS:FF", "The first time code; with ; ahead of FF for drop frame");
+    options.text("--timecode", timeCode_, "HH:MM:SS:FF",
+                 "The first time code; with ; ahead of FF for drop frame; by default that of the essence, else 0");
     options.text("--name", name_, "TEXT", "The name of the material package");
     options.number("--kag", kagSize_, "N", "The grid, in bytes, on which elements begin; 512 by default");
     options.number("--partition-every", editUnitsPerPartition_, "N", "Begin a partition every N edit units");
