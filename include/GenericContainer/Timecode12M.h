@@ -26,7 +26,7 @@ struct Timecode12M
 };
 
 /// Writes a time code; without user bits, flags and field phase unless it is a
-/// Utils::TimeCodeExtended.
+/// Utils::TimeCodeExtended. Of frames above 39 it writes what has room.
 VANTRY_EXPORT void writeTimecode12M(Timecode12M & destination, Utils::TimeCode const & timeCode);
 
 /// Reads digits and drop frame.

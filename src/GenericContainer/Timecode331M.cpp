@@ -14,7 +14,7 @@ unsigned char const COLOR_FRAME = FLAG; // of byte 0
 unsigned char const DROP_FRAME = 0x40;  // of byte 0
 unsigned char const FLAG_1 = 0x40;      // of byte 3
 
-// What is left of bytes 0 to 3 without flags.
+// What is left of bytes 0 to 3 without flags. Frames have room up to 39.
 unsigned char const DIGITS[] = {0x3F, 0x7F, 0x7F, 0x3F};
 
 std::size_t const FIRST_GROUPS = 4;
@@ -48,8 +48,9 @@ void writeTimecode12M(Timecode12M & destination, Utils::TimeCode const & timeCod
 {
     destination = Timecode12M();
     int const digits =
-        ((timeCode.hours() * 100 + timeCode.minutes()) * 100 + timeCode.seconds()) * 100 + timeCode.frames();
+        ((timeCode.hours() * 100 + timeCode.minutes()) * 100 + timeCode.seconds()) * 100 + timeCode.frames() % 100;
     ByteCoders::encodeBCD(destination.bytes, digits);
+    destination.bytes[0] &= DIGITS[0];
     destination.bytes[0] |= timeCode.dropFrame() ? DROP_FRAME : 0;
     if (auto const * const extended = dynamic_cast<Utils::TimeCodeExtended const *>(&timeCode))
         writeUserBits(destination.bytes, *extended);

@@ -140,6 +140,15 @@ TEST(Timecode331M, HasUserBitsOfExtendedTimeCodesOnly)
             EXPECT_EQ(Bytes(bytes, bytes + sizeof(written)), stamp(asPlain ? c.asPlain : c.expected));
             EXPECT_EQ(readTimecode12M(written.timecode, plain.frameRate()), plain);
         }
+
+    // Frames that have no room make neither a drop frame flag nor a second.
+    for (unsigned char const rate : {48, 120})
+    {
+        Timecode12M written;
+        writeTimecode12M(written, TimeCode(rate, 1, 2, 3, static_cast<unsigned char>(rate - 1), false, false));
+        EXPECT_EQ(written.bytes[0] & 0xCF, rate == 48 ? 0x07 : 0x09);
+        EXPECT_EQ(written.bytes[1], 0x03);
+    }
 }
 
 // Time codes of which each tells how many there were.
