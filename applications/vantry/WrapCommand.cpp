@@ -18,6 +18,7 @@
 #include <algorithm>
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
+#include <set>
 
 #include <malloc.h>
 
@@ -233,7 +234,17 @@ std::vector<FoundEssence> WrapCommand::findAll() const
     // So they are in a content package, and their tracks in the file.
     std::stable_sort(all.begin(), all.end(),
                      [](auto const & a, auto const & b) { return itemOf(a.kind) < itemOf(b.kind); });
+    requireDataOnce(all);
     return all;
+}
+
+// A content package has one element of each kind of data.
+void WrapCommand::requireDataOnce(std::vector<FoundEssence> const & all) const
+{
+    std::set<EssenceKind> kinds;
+    for (FoundEssence const & found : all)
+        if (itemOf(found.kind) == Item::DATA && !kinds.insert(found.kind).second)
+            wrongUsage("a file takes one input with such data, and " + found.file + " is another");
 }
 
 WrapSettings WrapCommand::checked(WrapSettings const & settings)

@@ -27,6 +27,7 @@ private:
     void requireOutput() const;
     void requireFileName() const;
     std::vector<FoundEssence> findAll() const;
+    void requireDataOnce(std::vector<FoundEssence> const & all) const;
     WrapSettings checked(WrapSettings const & settings);
     unsigned int number(std::optional<UInt64> const & given, char const * name, UInt64 most, unsigned int usual) const;
 

@@ -188,6 +188,8 @@ TEST(WrapSources, TakesAncillaryDataForEachFrame)
     EXPECT_EQ(bench.vantry("wrap cut -o x.mxf").errors,
               "vantry: cut: The element at byte " + std::to_string(packets.size() - one.size()) + " isn't whole\n");
     EXPECT_EQ(bench.vantry("wrap packets --wrapping clip -o x.mxf").status, 2);
+    EXPECT_EQ(bench.vantry("wrap packets lines packets -o x.mxf").errors,
+              "vantry: x.mxf: a file takes one input with such data, and packets is another\n");
 
     if (hasFFmpeg())
     {
