@@ -185,11 +185,10 @@ void OPAtomAggregator::commit()
         members.emplace_back(*builder);
 
     auto const count = static_cast<unsigned int>(members.size());
-    for (unsigned int n = 0; n < count; ++n)
-    {
+    for (unsigned int n = 1; n < count; ++n)
         members[n].material().packageUID(members.front().material().packageUID());
+    for (unsigned int n = 0; n < count; ++n)
         members[n].number(n);
-    }
 
     for (Member const & member : members)
         for (unsigned int other = 0; other < count; ++other)
