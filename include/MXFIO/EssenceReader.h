@@ -43,6 +43,9 @@ class VANTRY_EXPORT EssenceReader
 public:
     VANTRY_CLASS_ALLOCATION
 
+    /// What a read gives.
+    using ElementEditUnit = MXFIO::ElementEditUnit;
+
     /// Opens the containers and stands at the start.
     ///
     /// \param reader   lent; it outlives this one

@@ -3,8 +3,7 @@
 #include "Exceptions/Check.h"
 #include "Exceptions/InvalidID.h"
 #include "IndexTables/IndexTableSegmentWithGOPInfo.h"
-#include "IndexTables/SegmentPlaces.h"
-#include "Templates/Containers.h"
+#include "IndexTables/SegmentMap.h"
 
 #include <utility>
 
@@ -17,8 +16,7 @@ class IndexTableCompleteCache::Impl
 public:
     VANTRY_CLASS_ALLOCATION
 
-    Templates::vector<Segment> segments;
-    IndexTables::SegmentPlaces places;
+    IndexTables::SegmentMap<Segment> segments;
     Segment last;
 };
 
@@ -34,8 +32,8 @@ IndexTableCompleteCache::~IndexTableCompleteCache()
 
 Segment IndexTableCompleteCache::segment(Int64 editUnit)
 {
-    std::size_t const found = impl_->places.find(editUnit);
-    return found == IndexTables::SegmentPlaces::NONE ? Segment() : impl_->segments[found];
+    Segment const * const found = impl_->segments.find(editUnit);
+    return found != nullptr ? *found : Segment();
 }
 
 Segment IndexTableCompleteCache::lastSegment()
@@ -52,14 +50,13 @@ void IndexTableCompleteCache::add(Segment segment)
     if (segment->indexSID() != nullptr && segment->indexSID()->value() != indexSID())
         VANTRY_FAIL(InvalidID, "Trying to cache an IndexTableSegment with different indexSID");
 
-    Int64 const start = segment->indexStartPosition().value();
-    Int64 const duration = segment->indexDuration().value();
-    if (impl_->places.contains(start, duration))
+    if (impl_->segments.hasLike(*segment))
         return;
 
-    impl_->segments.push_back(segment);
-    impl_->places.add(start, duration);
-    if (impl_->last.get() == nullptr || impl_->last->indexStartPosition().value() <= start)
+    impl_->segments.add(segment);
+    bool const isLast = impl_->last.get() == nullptr ||
+                        impl_->last->indexStartPosition().value() <= segment->indexStartPosition().value();
+    if (isLast)
         impl_->last = std::move(segment);
 }
 

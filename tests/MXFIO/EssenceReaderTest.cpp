@@ -35,7 +35,7 @@ std::string nameOf(ElementEditUnit & unit)
 std::string read(EssenceReader & reader, unsigned int most = 1000)
 {
     std::string units;
-    ElementEditUnit unit;
+    EssenceReader::ElementEditUnit unit;
     for (; most != 0 && reader.nextElementEditUnit(SEARCH_LIMIT, unit); --most)
         units += (units.empty() ? "" : " ") + nameOf(unit);
     return units;
