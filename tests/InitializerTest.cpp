@@ -6,7 +6,6 @@
 #include <gmock/gmock.h>
 
 #include <string>
-#include <vector>
 
 using namespace Vantry;
 

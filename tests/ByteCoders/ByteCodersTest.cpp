@@ -1,11 +1,8 @@
 #include "ByteCoders/BCD.h"
 #include "ByteCoders/BER.h"
 #include "ByteCoders/Text.h"
-#include "Exceptions/InvalidFormat.h"
 #include "support/Bytes.h"
 #include "support/Failure.h"
-
-#include <gtest/gtest.h>
 
 using namespace Vantry;
 using namespace Vantry::Tests;

@@ -1,6 +1,5 @@
 #include "DataIO/BitSliceReader.h"
 
-#include "Exceptions/NotEnoughData.h"
 #include "support/Failure.h"
 #include "support/Slices.h"
 

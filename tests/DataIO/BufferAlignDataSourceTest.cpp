@@ -1,10 +1,8 @@
 #include "DataIO/BufferAlignDataSource.h"
 
-#include "Exceptions/InvalidValue.h"
 #include "support/BytesSource.h"
 #include "support/Failure.h"
 
-#include <algorithm>
 #include <random>
 
 namespace Vantry { namespace Tests {

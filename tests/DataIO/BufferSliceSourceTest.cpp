@@ -1,7 +1,6 @@
 #include "DataIO/BufferSliceSource.h"
 
 #include "DataIO/SliceSourceTee.h"
-#include "Exceptions/IOError.h"
 #include "support/Failure.h"
 #include "support/Slices.h"
 

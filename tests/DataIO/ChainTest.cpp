@@ -6,7 +6,6 @@
 
 #include <limits>
 #include <random>
-#include <vector>
 
 namespace Vantry { namespace Tests {
 

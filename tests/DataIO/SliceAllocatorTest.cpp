@@ -8,8 +8,6 @@
 #include <gtest/gtest.h>
 
 #include <set>
-#include <thread>
-#include <vector>
 
 namespace Vantry { namespace Tests {
 

@@ -1,7 +1,5 @@
 #include "DataIO/SliceReader.h"
 
-#include "Exceptions/IOError.h"
-#include "Exceptions/NotEnoughData.h"
 #include "support/Failure.h"
 #include "support/Slices.h"
 

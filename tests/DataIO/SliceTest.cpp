@@ -1,7 +1,6 @@
 #include "DataIO/Slice.h"
 
 #include "DataIO/Memory/MemoryBlockFactory.h"
-#include "Exceptions/BadAlloc.h"
 #include "support/Failure.h"
 #include "support/ScarceMemory.h"
 #include "support/Slices.h"

@@ -1,6 +1,5 @@
 #include "Essence/SampleCountSelector.h"
 
-#include "Exceptions/InvalidValue.h"
 #include "support/Failure.h"
 
 #include <vector>

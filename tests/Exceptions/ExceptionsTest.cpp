@@ -1,21 +1,10 @@
 #include "Exceptions/BadAlloc.h"
-#include "Exceptions/IOError.h"
-#include "Exceptions/InvalidLength.h"
-#include "Exceptions/InvalidPartitionKind.h"
-#include "Exceptions/InvalidPosition.h"
-#include "Exceptions/InvalidState.h"
-#include "Exceptions/InvalidValue.h"
-#include "Exceptions/NotFound.h"
-#include "Exceptions/NotImplemented.h"
-#include "Exceptions/UniversalLabelCollision.h"
 
 #include "Exceptions/Check.h"
 #include "Platform/Allocation.h"
 #include "Platform/WideLiteral.h"
 #include "support/Failure.h"
 #include "support/ScarceMemory.h"
-
-#include <gtest/gtest.h>
 
 #include <cstdint>
 #include <string>

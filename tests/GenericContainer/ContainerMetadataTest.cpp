@@ -12,10 +12,6 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-#include <utility>
-#include <vector>
-
 namespace Vantry { namespace GenericContainer { namespace {
 
 using namespace Metadata::Structural;

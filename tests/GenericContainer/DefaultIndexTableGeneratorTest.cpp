@@ -2,9 +2,6 @@
 
 #include "GenericContainer/DefaultIndexTableGenerator.h"
 
-#include "Exceptions/IndexOutOfBounds.h"
-#include "Exceptions/InvalidState.h"
-#include "Exceptions/NotImplemented.h"
 #include "GenericContainer/IndexSegmentInfo.h"
 #include "IndexTables/DeltaEntry.h"
 #include "IndexTables/IndexEntry.h"
@@ -12,11 +9,6 @@
 #include "support/BytesPacket.h"
 #include "support/BytesSink.h"
 #include "support/Failure.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
 
 namespace Vantry { namespace GenericContainer { namespace {
 

@@ -1,6 +1,5 @@
 #include "GenericContainer/IndexEntryBuilder.h"
 
-#include "Exceptions/InvalidValue.h"
 #include "GenericContainer/GenericContainerIndexTableGenerator.h"
 #include "IndexTables/IndexEntry.h"
 #include "IndexTables/IndexTableSegment.h"
@@ -8,13 +7,6 @@
 #include "support/BytesPacket.h"
 #include "support/FFmpeg.h"
 #include "support/Failure.h"
-#include "support/FileBytes.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <string>
-#include <vector>
 
 namespace Vantry { namespace GenericContainer { namespace {
 

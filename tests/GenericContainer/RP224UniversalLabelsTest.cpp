@@ -1,15 +1,11 @@
 #include "GenericContainer/RP224UniversalLabels.h"
 
-#include "Exceptions/InvalidValue.h"
 #include "Types/UniversalLabel.h"
 #include "support/Bytes.h"
 #include "support/Failure.h"
 
-#include <gtest/gtest.h>
-
 #include <cctype>
 #include <map>
-#include <string>
 #include <utility>
 
 namespace Vantry { namespace GenericContainer { namespace {

@@ -2,8 +2,6 @@
 
 #include "DataIO/Slice.h"
 #include "DataIO/SliceReader.h"
-#include "Exceptions/InvalidValue.h"
-#include "Exceptions/NotEnoughData.h"
 #include "GenericContainer/EditUnit.h"
 #include "GenericContainer/Multiplexer/SystemItemGenerator.h"
 #include "GenericContainer/SequentialTimeCode.h"
@@ -11,8 +9,6 @@
 #include "Types/UniversalLabel.h"
 #include "support/Failure.h"
 #include "support/Slices.h"
-
-#include <gtest/gtest.h>
 
 namespace Vantry { namespace GenericContainer { namespace {
 

@@ -1,6 +1,5 @@
 #include "GenericContainer/TimecodeHandler.h"
 
-#include "Exceptions/InvalidValue.h"
 #include "GenericContainer/EditUnit.h"
 #include "GenericContainer/TimecodeInfo.h"
 #include "Metadata/Structural/Sequence.h"
@@ -9,11 +8,6 @@
 #include "Metadata/Structural/TimelineTrack.h"
 #include "support/Failure.h"
 #include "support/StructuralMetadata.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
 
 namespace Vantry { namespace GenericContainer { namespace {
 

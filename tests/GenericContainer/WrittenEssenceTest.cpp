@@ -3,9 +3,7 @@
 
 #include "GenericContainer/ClipWrapper/Wrapper.h"
 #include "GenericContainer/Multiplexer/Mux.h"
-#include "MXFIO/Creator.h"
 #include "MXFIO/FutureUpdater.h"
-#include "Metadata/Structural/Preface.h"
 #include "OPBuilders/GenericOPBuilder.h"
 #include "Utils/Test/DeterministicScope.h"
 #include "support/BuiltMetadata.h"
@@ -13,8 +11,6 @@
 #include "support/MemoryAnalyzer.h"
 #include "support/UseContainer.h"
 #include "support/WrittenFile.h"
-
-#include <gtest/gtest.h>
 
 namespace Vantry { namespace GenericContainer { namespace {
 

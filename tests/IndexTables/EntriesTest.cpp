@@ -1,14 +1,10 @@
 // Index and delta entries, by themselves and in their arrays.
 
-#include "Exceptions/IndexOutOfBounds.h"
-#include "Exceptions/InvalidElement.h"
 #include "IndexTables/DeltaEntryArray.h"
 #include "IndexTables/IndexEntryArray.h"
 #include "support/BytesSink.h"
 #include "support/Failure.h"
 #include "support/Values.h"
-
-#include <gtest/gtest.h>
 
 namespace Vantry { namespace IndexTables { namespace {
 

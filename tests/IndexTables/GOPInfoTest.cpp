@@ -3,21 +3,11 @@
 
 #include "IndexTables/IndexTableSegmentWithGOPInfo.h"
 
-#include "Exceptions/IndexOutOfBounds.h"
-#include "Exceptions/InvalidIndexSegment.h"
-#include "Exceptions/NotImplemented.h"
 #include "IndexTables/IndexEntry.h"
-#include "support/BytesPacket.h"
-#include "support/BytesSink.h"
 #include "support/Failure.h"
 #include "support/IndexSegments.h"
 
-#include <gtest/gtest.h>
-
-#include <limits>
 #include <memory>
-#include <string>
-#include <vector>
 
 namespace Vantry { namespace IndexTables { namespace {
 

@@ -1,9 +1,5 @@
 #include "IndexTables/IndexTableSegment.h"
 
-#include "Exceptions/IndexOutOfBounds.h"
-#include "Exceptions/InvalidElement.h"
-#include "Exceptions/InvalidFormat.h"
-#include "Exceptions/InvalidIndexSegment.h"
 #include "IndexTables/DeltaEntryArray.h"
 #include "IndexTables/IndexEntryArray.h"
 #include "IndexTables/IndexTableSegmentListener.h"
@@ -11,8 +7,6 @@
 #include "support/BytesSink.h"
 #include "support/Failure.h"
 #include "support/Values.h"
-
-#include <gtest/gtest.h>
 
 namespace Vantry { namespace IndexTables { namespace {
 

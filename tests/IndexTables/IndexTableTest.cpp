@@ -1,14 +1,9 @@
 #include "IndexTables/IndexTable.h"
 
-#include "Exceptions/InvalidID.h"
 #include "support/Failure.h"
 #include "support/IndexSegments.h"
 
-#include <gtest/gtest.h>
-
-#include <limits>
 #include <random>
-#include <vector>
 
 namespace Vantry { namespace IndexTables { namespace {
 

@@ -7,14 +7,9 @@
 #include "support/BytesPacket.h"
 #include "support/BytesSink.h"
 #include "support/FFmpeg.h"
-#include "support/FileBytes.h"
 #include "support/Samples.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <set>
-#include <string>
 
 namespace Vantry { namespace IndexTables { namespace {
 

@@ -6,8 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-
 using namespace Vantry;
 using namespace Vantry::Tests;
 

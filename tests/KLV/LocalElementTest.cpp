@@ -1,12 +1,7 @@
 #include "KLV/LocalElement.h"
 
-#include "Exceptions/InvalidLength.h"
-#include "support/Bytes.h"
-#include "support/BytesSource.h"
 #include "support/Failure.h"
 #include "support/ForEachReadSize.h"
-
-#include <gtest/gtest.h>
 
 using namespace Vantry;
 using namespace Vantry::Tests;

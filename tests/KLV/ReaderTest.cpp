@@ -1,12 +1,7 @@
 #include "KLV/Reader.h"
 
-#include "Exceptions/InvalidFormat.h"
-#include "Exceptions/KeyNotFound.h"
-#include "Exceptions/NotEnoughData.h"
 #include "support/Failure.h"
 #include "support/ForEachReadSize.h"
-
-#include <gtest/gtest.h>
 
 #include <thread>
 

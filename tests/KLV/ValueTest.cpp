@@ -1,14 +1,8 @@
 #include "KLV/Value.h"
 
-#include "Exceptions/IOError.h"
-#include "Exceptions/InvalidLength.h"
 #include "KLV/Packet.h"
 #include "support/Failure.h"
 #include "support/ForEachReadSize.h"
-
-#include <gtest/gtest.h>
-
-#include <limits>
 
 using namespace Vantry;
 using namespace Vantry::Tests;

@@ -1,15 +1,11 @@
 #include "MXFIO/Creator.h"
 
-#include "Exceptions/InvalidPosition.h"
-#include "Exceptions/InvalidValue.h"
 #include "MXFIO/KLVSource.h"
 #include "support/BytesFile.h"
 #include "support/Failure.h"
 #include "support/MemorySources.h"
 #include "support/OpenFile.h"
 #include "support/WrittenFile.h"
-
-#include <gtest/gtest.h>
 
 #include <random>
 #include <sstream>

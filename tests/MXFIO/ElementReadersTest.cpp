@@ -1,6 +1,3 @@
-#include "Exceptions/BrokenLink.h"
-#include "Exceptions/InvalidElement.h"
-#include "Exceptions/NotFound.h"
 #include "MXFIO/CustomElementReaderFactory.h"
 #include "MXFIO/ElementEditUnit.h"
 #include "MXFIO/ElementReader.h"

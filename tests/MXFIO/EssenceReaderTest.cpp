@@ -1,8 +1,5 @@
 #include "MXFIO/EssenceReader.h"
 
-#include "Exceptions/InvalidStructure.h"
-#include "Exceptions/InvalidValue.h"
-#include "KLV/Packet.h"
 #include "MXFIO/ElementEditUnit.h"
 #include "MXFIO/SystemItemKLVPacketListener.h"
 #include "Metadata/Structural/TimecodeComponent.h"
@@ -10,9 +7,6 @@
 #include "support/Failure.h"
 #include "support/GrowingSource.h"
 #include "support/OpenFile.h"
-
-#include <memory>
-#include <string>
 
 namespace Vantry { namespace MXFIO { namespace {
 

@@ -1,5 +1,3 @@
-#include "Exceptions/InvalidFormat.h"
-#include "Exceptions/InvalidID.h"
 #include "MXFIO/IndexTableCompleteCache.h"
 #include "MXFIO/IndexTableParseOnRequestProvider.h"
 #include "MXFIO/IndexTablePositionEstimateProvider.h"
@@ -11,8 +9,6 @@
 #include "support/OpenFile.h"
 
 #include <gmock/gmock.h>
-
-#include <memory>
 
 namespace Vantry { namespace MXFIO { namespace {
 

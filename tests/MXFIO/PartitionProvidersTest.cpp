@@ -1,5 +1,3 @@
-#include "Exceptions/InvalidFormat.h"
-#include "Exceptions/InvalidValue.h"
 #include "MXFIO/BasicPartitionProvider.h"
 #include "MXFIO/EstimatePartitionProvider.h"
 #include "MXFIO/FixedEditUnitCountPartitionProvider.h"
@@ -10,8 +8,6 @@
 #include "support/OpenFile.h"
 
 #include <gmock/gmock.h>
-
-#include <memory>
 
 namespace Vantry { namespace MXFIO { namespace {
 

@@ -1,8 +1,5 @@
 #include "MXFIO/Partition.h"
 
-#include "Exceptions/InvalidFormat.h"
-#include "Exceptions/InvalidPosition.h"
-#include "Exceptions/KeyNotFound.h"
 #include "IndexTables/IndexTableSegment.h"
 #include "KLV/KeyPredicates.h"
 #include "MXFIO/PartitionListener.h"
@@ -11,8 +8,6 @@
 #include "support/OpenFile.h"
 
 #include <gmock/gmock.h>
-
-#include <string>
 
 namespace Vantry { namespace MXFIO { namespace {
 

@@ -1,13 +1,9 @@
 #include "MXFIO/PartitionWriter.h"
 
-#include "Exceptions/InvalidState.h"
-#include "Exceptions/InvalidValue.h"
 #include "MXFIO/GenericStreamPartitionWriter.h"
 #include "MXFIO/IndexTableGenerator.h"
 #include "support/Failure.h"
 #include "support/MemorySources.h"
-
-#include <gtest/gtest.h>
 
 namespace Vantry { namespace MXFIO { namespace {
 

@@ -3,7 +3,6 @@
 #include "KLV/Packet.h"
 #include "MXFIO/ElementEditUnit.h"
 #include "MXFIO/EssenceReader.h"
-#include "Metadata/PartitionMetadata.h"
 #include "Metadata/Structural/ContentStorage.h"
 #include "Metadata/Structural/MaterialPackage.h"
 #include "Metadata/Structural/Preface.h"
@@ -11,17 +10,13 @@
 #include "Metadata/Structural/TimelineTrack.h"
 #include "Types/Rational.h"
 #include "support/FFmpeg.h"
-#include "support/FileBytes.h"
 #include "support/HeaderMetadata.h"
 #include "support/OpenFile.h"
 #include "support/Samples.h"
 #include "support/UseReader.h"
 
-#include <algorithm>
 #include <map>
 #include <set>
-#include <string>
-#include <vector>
 
 namespace Vantry { namespace MXFIO { namespace {
 

@@ -2,14 +2,8 @@
 
 #include "DataIO/File/FileDataSource.h"
 #include "IndexTables/IndexTableSegment.h"
-#include "Metadata/PartitionMetadata.h"
-#include "Platform/Text.h"
 #include "support/OpenFile.h"
 #include "support/ScratchFolder.h"
-
-#include <fstream>
-#include <functional>
-#include <string>
 
 namespace Vantry { namespace MXFIO { namespace {
 

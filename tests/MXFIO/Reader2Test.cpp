@@ -1,6 +1,5 @@
 #include "MXFIO/Reader2.h"
 
-#include "Exceptions/InvalidFormat.h"
 #include "support/Failure.h"
 #include "support/OpenFile.h"
 

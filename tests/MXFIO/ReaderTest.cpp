@@ -1,7 +1,5 @@
 #include "MXFIO/Reader.h"
 
-#include "Exceptions/InvalidFormat.h"
-#include "Exceptions/InvalidValue.h"
 #include "IndexTables/IndexTableSegment.h"
 #include "KLV/Value.h"
 #include "support/Failure.h"

@@ -1,14 +1,12 @@
 // Reads real files of many makers from both ends.
 
 #include "MXFIO/SequentialReader.h"
-#include "Metadata/PartitionMetadata.h"
 #include "support/FileBytes.h"
 #include "support/OpenFile.h"
 #include "support/Samples.h"
 #include "support/UseReader.h"
 
 #include <map>
-#include <string>
 
 namespace Vantry { namespace MXFIO { namespace {
 

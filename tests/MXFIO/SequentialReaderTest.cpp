@@ -1,13 +1,9 @@
 #include "MXFIO/SequentialReader.h"
 
-#include "Exceptions/InvalidFormat.h"
-#include "Exceptions/InvalidLength.h"
 #include "IndexTables/IndexTableSegment.h"
 #include "support/Failure.h"
 #include "support/ForEachReadSize.h"
 #include "support/MXFFile.h"
-
-#include <string>
 
 namespace Vantry { namespace MXFIO { namespace {
 

@@ -1,8 +1,5 @@
 #include "MetaMetadata/Dictionary.h"
 
-#include "Exceptions/AlreadySet.h"
-#include "Exceptions/InvalidMetaElement.h"
-#include "Exceptions/NotFound.h"
 #include "MetaMetadata/Helpers.h"
 #include "MetaMetadata/MetaCollection.h"
 #include "MetaMetadata/MetaReferenceCollection.h"
@@ -13,8 +10,6 @@
 #include "Types/UInt8.h"
 #include "support/Bytes.h"
 #include "support/Failure.h"
-
-#include <gtest/gtest.h>
 
 namespace Vantry { namespace MetaMetadata { namespace {
 

@@ -1,8 +1,6 @@
 #include "Metadata/Listeners/GenerationUIDWriterListener.h"
 #include "Metadata/Listeners/LastModifiedDateUpdaterListener.h"
 
-#include "Exceptions/InvalidLength.h"
-#include "Exceptions/NotFound.h"
 #include "Metadata/ReferenceElement.h"
 #include "Metadata/Structural/ContentStorage.h"
 #include "Metadata/Structural/Identification.h"
@@ -16,8 +14,6 @@
 #include "support/Elements.h"
 #include "support/Failure.h"
 #include "support/StructuralMetadata.h"
-
-#include <gtest/gtest.h>
 
 namespace Vantry { namespace Metadata { namespace {
 

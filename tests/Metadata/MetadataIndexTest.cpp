@@ -6,10 +6,7 @@
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
 #include <random>
-#include <utility>
-#include <vector>
 
 namespace Vantry { namespace Metadata { namespace {
 

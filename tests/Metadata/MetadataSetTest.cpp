@@ -1,9 +1,6 @@
 #include "Metadata/MetadataSet.h"
 
 #include "DataIO/Slice.h"
-#include "Exceptions/InvalidLength.h"
-#include "Exceptions/InvalidMetadataSet.h"
-#include "Exceptions/NotFound.h"
 #include "MetaMetadata/AbstractMetaAttributeVisitor.h"
 #include "MetaMetadata/MisplacedAttribute.h"
 #include "MetaMetadata/UnknownAttribute.h"
@@ -20,7 +17,6 @@
 
 #include <gmock/gmock.h>
 
-#include <memory>
 #include <sstream>
 
 namespace Vantry { namespace Metadata { namespace {

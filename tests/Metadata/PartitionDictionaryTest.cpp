@@ -1,17 +1,9 @@
 #include "Metadata/PartitionDictionary.h"
 
-#include "Exceptions/InvalidLocalTag.h"
-#include "Exceptions/LocalTagNotFound.h"
-#include "Exceptions/NotFoundInPrimer.h"
-#include "Exceptions/UniversalLabelCollision.h"
 #include "support/Failure.h"
 #include "support/Schema.h"
 
-#include <gtest/gtest.h>
-
-#include <memory>
 #include <utility>
-#include <vector>
 
 namespace Vantry { namespace Metadata { namespace {
 

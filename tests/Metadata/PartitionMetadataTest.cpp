@@ -1,10 +1,5 @@
 #include "Metadata/PartitionMetadata.h"
 
-#include "DataIO/DataSink.h"
-#include "Exceptions/InvalidFormat.h"
-#include "Exceptions/InvalidLength.h"
-#include "Exceptions/InvalidStructure.h"
-#include "Exceptions/NotFound.h"
 #include "Metadata/BatchReferenceElement.h"
 #include "Metadata/DarkMetadataSet.h"
 #include "Metadata/DarkParsedGroup.h"

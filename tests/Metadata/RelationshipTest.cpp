@@ -1,8 +1,5 @@
 #include "Metadata/Listeners/MetadataSetRelationshipManager.h"
 
-#include "Exceptions/InvalidChange.h"
-#include "Exceptions/InvalidFormat.h"
-#include "Exceptions/OperationNotAllowed.h"
 #include "Types/Array.h"
 #include "support/Failure.h"
 #include "support/Partition.h"

@@ -1,6 +1,5 @@
 #include "OPBuilders/GenericOPBuilder.h"
 
-#include "Exceptions/InvalidFormat.h"
 #include "Metadata/BatchElement.h"
 #include "Metadata/Structural/FileDescriptor.h"
 #include "Metadata/Structural/Identification.h"

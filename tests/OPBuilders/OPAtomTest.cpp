@@ -1,11 +1,7 @@
-#include "Exceptions/NotFound.h"
-#include "Exceptions/OperationNotAllowed.h"
 #include "OPBuilders/OPAtomAggregator.h"
 #include "OPBuilders/OPAtomBuilder.h"
 #include "support/BuiltMetadata.h"
 #include "support/Failure.h"
-
-#include <gtest/gtest.h>
 
 namespace Vantry { namespace OPBuilders { namespace {
 

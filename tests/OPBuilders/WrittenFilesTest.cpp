@@ -20,7 +20,6 @@
 #include "support/MemoryAnalyzer.h"
 #include "support/WrittenFile.h"
 
-#include <map>
 #include <regex>
 
 namespace Vantry { namespace OPBuilders { namespace {

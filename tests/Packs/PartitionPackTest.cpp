@@ -1,16 +1,9 @@
 #include "Packs/PartitionPack.h"
 
-#include "Exceptions/InvalidFormat.h"
-#include "Exceptions/InvalidKey.h"
-#include "Exceptions/InvalidLength.h"
-#include "Exceptions/InvalidPartitionKind.h"
-#include "Exceptions/InvalidPartitionStatus.h"
 #include "Types/Batch.h"
 #include "support/BytesPacket.h"
 #include "support/BytesSink.h"
 #include "support/Failure.h"
-
-#include <gtest/gtest.h>
 
 namespace Vantry { namespace Packs { namespace {
 

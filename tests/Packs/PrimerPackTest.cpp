@@ -1,15 +1,8 @@
 #include "Packs/PrimerPack.h"
 
-#include "Exceptions/IndexOutOfBounds.h"
-#include "Exceptions/InvalidKey.h"
-#include "Exceptions/InvalidLength.h"
 #include "support/BytesPacket.h"
 #include "support/BytesSink.h"
 #include "support/Failure.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
 
 namespace Vantry { namespace Packs { namespace {
 

@@ -1,14 +1,10 @@
 #include "Packs/RandomIndexPack.h"
 
-#include "Exceptions/InvalidKey.h"
-#include "Exceptions/InvalidLength.h"
-#include "Exceptions/NotFound.h"
 #include "support/BytesPacket.h"
 #include "support/BytesSink.h"
 #include "support/Failure.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace Vantry { namespace Packs { namespace {
 

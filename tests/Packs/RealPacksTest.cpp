@@ -4,19 +4,12 @@
 #include "Packs/PartitionPack.h"
 #include "Packs/PrimerPack.h"
 #include "Packs/RandomIndexPack.h"
-#include "Platform/Text.h"
 #include "support/BytesPacket.h"
 #include "support/BytesSink.h"
 #include "support/FFmpeg.h"
-#include "support/FileBytes.h"
 #include "support/Samples.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <set>
-#include <string>
-#include <vector>
 
 namespace Vantry { namespace Packs { namespace {
 

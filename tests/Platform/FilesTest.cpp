@@ -3,15 +3,10 @@
 #include "support/Failure.h"
 #include "support/ScratchFolder.h"
 
-#include "Exceptions/IOError.h"
 #include "Platform/WideLiteral.h"
 
-#include <gtest/gtest.h>
-
 #include <csignal>
-#include <filesystem>
 #include <iterator>
-#include <string>
 
 #include <sys/resource.h>
 #include <unistd.h>

@@ -3,10 +3,7 @@
 
 #include "support/Failure.h"
 
-#include "Exceptions/OSError.h"
 #include "Platform/WideLiteral.h"
-
-#include <gtest/gtest.h>
 
 #include <chrono>
 #include <cstdlib>

@@ -2,12 +2,8 @@
 
 #include "support/Failure.h"
 
-#include "Exceptions/IOError.h"
-#include "Exceptions/InvalidValue.h"
 #include "Platform/BigUInt.h"
 #include "Templates/SafeCast.h"
-
-#include <gtest/gtest.h>
 
 #include <limits>
 #include <string>

@@ -1,7 +1,3 @@
-#include "Exceptions/IndexOutOfBounds.h"
-#include "Exceptions/InvalidElement.h"
-#include "Exceptions/InvalidLength.h"
-#include "Exceptions/NoFactory.h"
 #include "Types/Array.h"
 #include "Types/Batch.h"
 #include "Types/UInt16.h"
@@ -11,8 +7,6 @@
 #include "support/Failure.h"
 #include "support/ForEachReadSize.h"
 #include "support/Values.h"
-
-#include <gtest/gtest.h>
 
 namespace Vantry { namespace Tests {
 

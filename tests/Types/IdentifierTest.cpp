@@ -1,6 +1,4 @@
-#include "Exceptions/BaseException.h"
 #include "KLV/Key.h"
-#include "Platform/Text.h"
 #include "Types/LocalTag.h"
 #include "Types/UMID32.h"
 #include "Types/UMID64.h"
@@ -9,12 +7,9 @@
 #include "support/Bytes.h"
 #include "support/Failure.h"
 
-#include <gtest/gtest.h>
-
 #include <functional>
 #include <random>
 #include <sstream>
-#include <string>
 
 using namespace Vantry;
 using namespace Vantry::Tests;

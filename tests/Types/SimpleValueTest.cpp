@@ -1,6 +1,3 @@
-#include "Exceptions/InvalidLength.h"
-#include "Exceptions/InvalidType.h"
-#include "Exceptions/InvalidValue.h"
 #include "Types/Boolean.h"
 #include "Types/Factories/BaseTypeFactory.h"
 #include "Types/Identifiers.h"
@@ -28,11 +25,7 @@
 #include "support/Failure.h"
 #include "support/Values.h"
 
-#include <gtest/gtest.h>
-
-#include <limits>
 #include <memory>
-#include <string>
 #include <typeinfo>
 
 namespace Vantry { namespace Tests {

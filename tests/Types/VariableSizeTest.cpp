@@ -1,6 +1,3 @@
-#include "Exceptions/InvalidLabel.h"
-#include "Exceptions/InvalidLength.h"
-#include "Exceptions/InvalidValue.h"
 #include "Types/DataStream.h"
 #include "Types/DataValue.h"
 #include "Types/ISO7String.h"
@@ -14,8 +11,6 @@
 #include "support/Failure.h"
 #include "support/ForEachReadSize.h"
 #include "support/Values.h"
-
-#include <gtest/gtest.h>
 
 namespace Vantry { namespace Tests {
 

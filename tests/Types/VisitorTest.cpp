@@ -1,12 +1,9 @@
-#include "Exceptions/NoFactory.h"
 #include "Types/Factories/BaseTypeFactory.h"
 #include "Types/Visitors/GetIdentifierVisitor.h"
 #include "Types/Visitors/NonConstNullVisitor.h"
 #include "support/BytesSink.h"
 #include "support/Failure.h"
 #include "support/Values.h"
-
-#include <gtest/gtest.h>
 
 #include <memory>
 

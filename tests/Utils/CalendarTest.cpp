@@ -1,15 +1,11 @@
 #include "Utils/Calendar.h"
 
-#include "Exceptions/InvalidValue.h"
 #include "Platform/Environment.h"
-#include "Platform/Text.h"
 #include "Platform/Time.h"
 #include "Platform/WideLiteral.h"
 #include "Utils/ModifiedJulianDate.h"
 #include "Utils/Time.h"
 #include "support/Failure.h"
-
-#include <gtest/gtest.h>
 
 #include <ctime>
 #include <limits>

@@ -1,14 +1,8 @@
 #include "Utils/Fill.h"
 
-#include "Exceptions/InvalidFormat.h"
-#include "Exceptions/InvalidValue.h"
 #include "KLV/FillItem.h"
 #include "support/BytesSink.h"
 #include "support/Failure.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
 
 namespace Vantry { namespace Utils { namespace {
 

@@ -1,7 +1,6 @@
 #include "Utils/TimeCode.h"
 #include "Utils/TimeCodeExtended.h"
 
-#include "Exceptions/InvalidValue.h"
 #include "support/Failure.h"
 
 #include <gtest/gtest.h>

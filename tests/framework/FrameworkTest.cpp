@@ -9,7 +9,6 @@
 
 #include <set>
 #include <stdexcept>
-#include <vector>
 
 using Quorvan::Framework::Framework;
 using Quorvan::Framework::Counting::Counter;

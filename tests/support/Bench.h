@@ -1,7 +1,6 @@
 #pragma once
 
 #include "DataIO/File/FileDataSource.h"
-#include "Platform/Text.h"
 #include "support/FFmpeg.h"
 #include "support/VantryProgram.h"
 #include "support/WrittenFile.h"

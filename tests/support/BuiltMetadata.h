@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Metadata/PartitionMetadata.h"
 #include "Metadata/Structural/ContentStorage.h"
 #include "Metadata/Structural/CreateSet.h"
 #include "Metadata/Structural/DataDefinitionULs.h"
@@ -21,8 +20,6 @@
 #include "support/StructuralMetadata.h"
 
 #include <sstream>
-#include <string>
-#include <vector>
 
 namespace Vantry { namespace Tests {
 

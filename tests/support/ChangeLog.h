@@ -5,10 +5,6 @@
 #include "Types/Collection.h"
 #include "support/Partition.h"
 
-#include <string>
-#include <utility>
-#include <vector>
-
 namespace Vantry { namespace Tests {
 
 /// Writes down what it hears of a partition: what happened, and the number of

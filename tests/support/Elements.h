@@ -2,7 +2,6 @@
 
 #include "Metadata/MetadataSet.h"
 #include "Metadata/SimpleElement.h"
-#include "Types/UUID.h"
 #include "support/Schema.h"
 
 namespace Vantry { namespace Tests {

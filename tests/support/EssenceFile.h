@@ -14,9 +14,6 @@
 #include "support/OpenFile.h"
 #include "support/StructuralMetadata.h"
 
-#include <memory>
-#include <vector>
-
 namespace Vantry { namespace Tests {
 
 unsigned int const BODY_SID = 1;

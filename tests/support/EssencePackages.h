@@ -19,7 +19,6 @@
 #include "support/StructuralMetadata.h"
 
 #include <initializer_list>
-#include <vector>
 
 namespace Vantry { namespace Tests {
 

@@ -2,12 +2,7 @@
 
 #include "support/TemporaryFile.h"
 
-#include <gtest/gtest.h>
-
-#include <cstdlib>
 #include <stdexcept>
-#include <string>
-#include <vector>
 
 namespace Vantry { namespace Tests {
 

@@ -14,8 +14,6 @@
 #include "support/BytesSink.h"
 
 #include <memory>
-#include <utility>
-#include <vector>
 
 namespace Vantry { namespace Tests {
 

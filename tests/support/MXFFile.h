@@ -5,11 +5,9 @@
 #include "Packs/RandomIndexPack.h"
 #include "Types/Batch.h"
 #include "Utils/Fill.h"
-#include "support/BytesSink.h"
 #include "support/Partition.h"
 
 #include <functional>
-#include <vector>
 
 namespace Vantry { namespace Tests {
 

@@ -19,11 +19,8 @@
 #include "Types/UInt32.h"
 #include "support/Slices.h"
 
-#include <deque>
 #include <memory>
-#include <string>
 #include <type_traits>
-#include <vector>
 
 namespace Vantry { namespace Tests {
 

@@ -12,8 +12,6 @@
 #include "support/RootMetadata.h"
 #include "support/Slices.h"
 
-#include <memory>
-
 namespace Vantry { namespace Tests {
 
 /// What a source in memory is to give, and what becomes of it.

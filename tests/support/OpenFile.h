@@ -2,11 +2,7 @@
 
 #include "MXFIO/Partition.h"
 #include "MXFIO/Reader2.h"
-#include "Packs/PartitionPack.h"
-#include "support/BytesSource.h"
 #include "support/MXFFile.h"
-
-#include <vector>
 
 namespace Vantry { namespace Tests {
 

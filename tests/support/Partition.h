@@ -1,11 +1,8 @@
 #pragma once
 
-#include "KLV/Packet.h"
-#include "KLV/Reader.h"
 #include "Metadata/ArrayReferenceElement.h"
 #include "Metadata/PartitionMetadata.h"
 #include "Metadata/ReferenceElement.h"
-#include "Packs/PrimerPack.h"
 #include "Types/StrongReference.h"
 #include "Types/WeakReference.h"
 #include "support/BytesPacket.h"

@@ -1,18 +1,13 @@
 #pragma once
 
-#include "DataIO/Chain.h"
 #include "GenericContainer/Source.h"
 #include "IndexTables/DeltaEntry.h"
 #include "IndexTables/IndexEntry.h"
 #include "IndexTables/IndexTableSegment.h"
-#include "KLV/KeyPredicates.h"
 #include "MXFIO/FutureUpdater.h"
 #include "MXFIO/IndexTableGenerator.h"
 #include "support/HeaderMetadata.h"
 #include "support/Slices.h"
-
-#include <string>
-#include <vector>
 
 namespace Vantry { namespace Tests {
 

@@ -15,7 +15,6 @@
 #include "support/Bytes.h"
 
 #include <memory>
-#include <vector>
 
 namespace Vantry { namespace Tests {
 

@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <atomic>
 #include <deque>
-#include <vector>
 
 namespace Vantry { namespace Tests {
 

@@ -35,14 +35,12 @@
 #include "Types/UUID.h"
 #include "Types/UniversalLabel.h"
 #include "Types/VersionType.h"
-#include "support/Bytes.h"
 #include "support/Values.h"
 
 #include <list>
 #include <numeric>
 #include <stdexcept>
 #include <typeinfo>
-#include <vector>
 
 namespace Vantry { namespace Tests {
 

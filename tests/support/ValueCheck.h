@@ -9,7 +9,6 @@
 #include "support/BytesSink.h"
 #include "support/BytesSource.h"
 
-#include <algorithm>
 #include <stdexcept>
 
 namespace Vantry { namespace Tests {

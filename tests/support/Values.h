@@ -3,11 +3,7 @@
 #include "Exceptions/InvalidLength.h"
 #include "KLV/Value.h"
 #include "Platform/Text.h"
-#include "support/Bytes.h"
 #include "support/BytesSource.h"
-
-#include <ostream>
-#include <string>
 
 namespace Vantry { namespace Tests {
 

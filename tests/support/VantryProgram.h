@@ -2,9 +2,6 @@
 
 #include "support/ScratchFolder.h"
 
-#include <cstdlib>
-#include <string>
-
 #include <sys/wait.h>
 
 namespace Vantry { namespace Tests {

@@ -1,18 +1,13 @@
 #pragma once
 
 #include "IndexTables/IndexTableSegment.h"
-#include "KLV/KeyPredicates.h"
 #include "Packs/PartitionPack.h"
 #include "Packs/RandomIndexPack.h"
 #include "Utils/NumberText.h"
 #include "support/HeaderMetadata.h"
 
-#include <algorithm>
 #include <map>
-#include <memory>
 #include <set>
-#include <string>
-#include <vector>
 
 namespace Vantry { namespace Tests {
 

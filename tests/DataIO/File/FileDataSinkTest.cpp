@@ -1,11 +1,8 @@
 #include "DataIO/File/FileDataSink.h"
 
-#include "Exceptions/IOError.h"
 #include "Platform/WideLiteral.h"
 #include "support/Failure.h"
 #include "support/TemporaryFile.h"
-
-#include <gtest/gtest.h>
 
 using namespace Vantry;
 using namespace Vantry::Tests;

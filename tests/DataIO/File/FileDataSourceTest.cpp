@@ -1,13 +1,9 @@
 #include "DataIO/File/FileDataSource.h"
 
-#include "Exceptions/IOError.h"
 #include "support/BytesSource.h"
 #include "support/Failure.h"
 #include "support/TemporaryFile.h"
 
-#include <gtest/gtest.h>
-
-#include <limits>
 #include <random>
 
 using namespace Vantry;

@@ -3,8 +3,6 @@
 #include "support/Slices.h"
 #include "support/TemporaryFile.h"
 
-#include <gtest/gtest.h>
-
 #include <limits>
 
 using namespace Vantry;

@@ -1,10 +1,7 @@
 #include "DataIO/Memory/MemoryDataSink.h"
 #include "DataIO/Memory/MemoryDataSource.h"
-#include "Exceptions/IOError.h"
 #include "support/Bytes.h"
 #include "support/Failure.h"
-
-#include <gtest/gtest.h>
 
 #include <limits>
 

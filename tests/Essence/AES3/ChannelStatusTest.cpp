@@ -3,9 +3,6 @@
 #include "Essence/AES3/AES3Info.h"
 #include "Essence/AES3/ChannelStatusDumper.h"
 #include "Essence/AES3/ChannelStatusLoader.h"
-#include "Exceptions/InvalidFormat.h"
-#include "Exceptions/InvalidLength.h"
-#include "Exceptions/InvalidValue.h"
 #include "support/Bytes.h"
 #include "support/Failure.h"
 

@@ -1,7 +1,6 @@
 #include "Essence/AVI/AVIReader.h"
 
 #include "DataIO/SliceReader.h"
-#include "Exceptions/IndexOutOfBounds.h"
 #include "support/FFmpeg.h"
 #include "support/Failure.h"
 #include "support/Slices.h"

@@ -1,6 +1,5 @@
 #include "Essence/Audio/SampleAlignmentVector.h"
 
-#include "Exceptions/NotImplemented.h"
 #include "support/Failure.h"
 
 #include <numeric>

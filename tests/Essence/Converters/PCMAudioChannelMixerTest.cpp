@@ -1,8 +1,5 @@
 #include "Essence/Converters/PCMAudioChannelMixer.h"
 
-#include "Exceptions/InvalidValue.h"
-#include "Exceptions/NotImplemented.h"
-#include "Exceptions/OperationNotAllowed.h"
 #include "support/Failure.h"
 #include "support/Slices.h"
 

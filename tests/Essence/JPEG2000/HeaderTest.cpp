@@ -3,8 +3,6 @@
 #include "DataIO/SliceReader.h"
 #include "DataIO/SyncWordFinder.h"
 #include "Essence/JPEG2000/Markers.h"
-#include "Exceptions/InvalidFormat.h"
-#include "Exceptions/NotEnoughData.h"
 #include "support/FFmpeg.h"
 #include "support/Failure.h"
 #include "support/Slices.h"

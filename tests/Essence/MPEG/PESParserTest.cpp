@@ -2,10 +2,8 @@
 
 #include "DataIO/SliceReader.h"
 #include "Essence/MPEG/PESHeader.h"
-#include "Exceptions/InvalidFormat.h"
 #include "support/FFmpeg.h"
 #include "support/Failure.h"
-#include "support/FileBytes.h"
 #include "support/QueuedBytes.h"
 #include "support/Slices.h"
 

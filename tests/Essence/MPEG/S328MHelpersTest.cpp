@@ -1,6 +1,5 @@
 #include "Essence/MPEG/S328MHelpers.h"
 
-#include "Exceptions/InvalidValue.h"
 #include "Utils/TimeCode.h"
 #include "support/Bytes.h"
 #include "support/Failure.h"

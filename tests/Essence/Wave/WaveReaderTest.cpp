@@ -1,7 +1,5 @@
 #include "Essence/Converters/S331MMuxHelpers/PCMWaveReader.h"
 
-#include "Exceptions/InvalidFormat.h"
-#include "Exceptions/NotEnoughData.h"
 #include "support/Failure.h"
 #include "support/Slices.h"
 #include "support/WaveFile.h"

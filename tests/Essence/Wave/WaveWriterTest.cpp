@@ -1,7 +1,6 @@
 #include "Essence/Wave/WaveWriter.h"
 
 #include "Essence/Converters/PCMToWave.h"
-#include "Exceptions/InvalidValue.h"
 #include "KLV/Value.h"
 #include "support/BytesSink.h"
 #include "support/BytesSource.h"

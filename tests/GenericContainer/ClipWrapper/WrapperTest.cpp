@@ -5,14 +5,9 @@
 
 #include "DataIO/BufferSliceSource.h"
 #include "DataIO/SliceSourceTee.h"
-#include "Exceptions/IndexOutOfBounds.h"
-#include "Exceptions/InvalidElement.h"
-#include "Exceptions/InvalidFormat.h"
 #include "support/Failure.h"
 #include "support/MemoryAnalyzer.h"
 #include "support/PullContainer.h"
-
-#include <gtest/gtest.h>
 
 #include <functional>
 

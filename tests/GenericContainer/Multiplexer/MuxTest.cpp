@@ -3,20 +3,10 @@
 
 #include "GenericContainer/Multiplexer/Mux.h"
 
-#include "Exceptions/AlreadySet.h"
 #include "Exceptions/Check.h"
-#include "Exceptions/IOError.h"
-#include "Exceptions/IndexOutOfBounds.h"
-#include "Exceptions/InvalidFormat.h"
-#include "Exceptions/InvalidLength.h"
-#include "Exceptions/InvalidState.h"
 #include "support/Failure.h"
 #include "support/MemoryAnalyzer.h"
 #include "support/PullContainer.h"
-
-#include <gtest/gtest.h>
-
-#include <memory>
 
 namespace Vantry { namespace GenericContainer { namespace Multiplexer { namespace {
 

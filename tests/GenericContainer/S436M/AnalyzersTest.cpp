@@ -1,4 +1,3 @@
-#include "Exceptions/InvalidFormat.h"
 #include "GenericContainer/Multiplexer/Mux.h"
 #include "GenericContainer/S436M/ANCPacketsAnalyzer.h"
 #include "GenericContainer/S436M/VBIDataAnalyzer.h"

@@ -42,8 +42,6 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <string>
-#include <typeinfo>
 
 using namespace Vantry;
 using namespace Vantry::Metadata;

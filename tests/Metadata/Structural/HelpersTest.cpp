@@ -1,6 +1,3 @@
-#include "Exceptions/InvalidChange.h"
-#include "Exceptions/InvalidFormat.h"
-#include "Exceptions/NotFound.h"
 #include "Metadata/DMS1/ClipFramework.h"
 #include "Metadata/DMS1/DMS1MetadataKeys.h"
 #include "Metadata/DMS1/DMS1MetadataULs.h"
@@ -29,11 +26,6 @@
 #include "support/BytesSink.h"
 #include "support/Failure.h"
 #include "support/StructuralMetadata.h"
-
-#include <gtest/gtest.h>
-
-#include <limits>
-#include <string>
 
 using namespace Vantry;
 using namespace Vantry::Metadata;

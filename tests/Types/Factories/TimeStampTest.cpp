@@ -2,7 +2,6 @@
 
 #include "Platform/Time.h"
 #include "Utils/Test/DeterministicScope.h"
-#include "support/Bytes.h"
 #include "support/BytesSink.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,5 @@
 #include "Types/Factories/UID.h"
 
-#include "Exceptions/NotImplemented.h"
 #include "Platform/Network.h"
 #include "Platform/PlatformName.h"
 #include "Utils/Calendar.h"
@@ -10,13 +9,9 @@
 #include "support/Failure.h"
 #include "support/Threads.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <ctime>
 #include <set>
-#include <string>
-#include <vector>
 
 using namespace Vantry;
 using namespace Vantry::Tests;

@@ -1,7 +1,6 @@
 #include "Analyzers/DVAnalyzer.h"
 
 #include "Analyzers/AVIStream.h"
-#include "Exceptions/InvalidFormat.h"
 #include "Metadata/Structural/CDCIEssenceDescriptor.h"
 #include "support/AVIFile.h"
 #include "support/AnalyzedEssence.h"

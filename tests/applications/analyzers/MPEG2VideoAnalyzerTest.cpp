@@ -1,12 +1,10 @@
 #include "Analyzers/MPEG2VideoAnalyzer.h"
 
-#include "Exceptions/InvalidFormat.h"
 #include "Metadata/Structural/MPEG2VideoDescriptor.h"
 #include "support/AnalyzedEssence.h"
 #include "support/FFmpeg.h"
 #include "support/Failure.h"
 #include "support/MPEGVideo.h"
-#include "support/TemporaryFile.h"
 
 #include <memory>
 #include <random>

@@ -1,8 +1,6 @@
 #include "Analyzers/WaveAnalyzer.h"
 
 #include "Analyzers/SampleCadence.h"
-#include "Exceptions/InvalidFormat.h"
-#include "Exceptions/InvalidValue.h"
 #include "Metadata/Structural/AES3AudioEssenceDescriptor.h"
 #include "support/AnalyzedEssence.h"
 #include "support/Failure.h"

@@ -1,18 +1,12 @@
 // Header metadata that is made to do harm: it loads, says what is wrong with
 // it when it is written, and is written without loss where it can be.
 
-#include "Exceptions/InvalidFormat.h"
-#include "Exceptions/InvalidLocalTag.h"
-#include "Metadata/MetadataSet.h"
-#include "Metadata/MetadataULs.h"
 #include "Metadata/Structural/PackageHelpers.h"
 #include "Metadata/Structural/StructuralMetadataKeys.h"
 #include "Platform/BigEndian.h"
 #include "support/Failure.h"
 #include "support/HeaderMetadata.h"
 #include "support/Partition.h"
-
-#include <gtest/gtest.h>
 
 namespace Vantry { namespace Tests { namespace {
 

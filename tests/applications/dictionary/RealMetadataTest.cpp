@@ -19,11 +19,9 @@
 
 #include <gmock/gmock.h>
 
-#include <fstream>
 #include <map>
 #include <set>
 #include <sstream>
-#include <string>
 
 namespace Vantry { namespace Tests { namespace {
 

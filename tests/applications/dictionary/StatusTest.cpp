@@ -12,7 +12,6 @@
 #include "Metadata/Structural/EssenceContainerData.h"
 #include "Metadata/Structural/MultipleDescriptor.h"
 #include "Metadata/Structural/StructuralMetadataULs.h"
-#include "Metadata/Structural/WAVEAudioEssenceDescriptor.h"
 #include "Metadata/Visitors/NonConstElementVisitor.h"
 #include "OPBuilders/GenericOPBuilder.h"
 #include "support/BuiltMetadata.h"

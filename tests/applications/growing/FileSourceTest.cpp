@@ -1,10 +1,7 @@
 #include "Growing/FileSource.h"
 
-#include "Exceptions/IOError.h"
 #include "support/Failure.h"
 #include "support/TemporaryFile.h"
-
-#include <gtest/gtest.h>
 
 namespace Vantry { namespace Growing { namespace {
 

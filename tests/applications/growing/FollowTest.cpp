@@ -9,8 +9,6 @@
 #include "support/Recorder.h"
 #include "support/TemporaryFile.h"
 
-#include <gtest/gtest.h>
-
 namespace Vantry { namespace MXFIO { namespace {
 
 using namespace Tests;

@@ -2,16 +2,12 @@
 // unit, and as ffmpeg and mediainfo see them.
 
 #include "IndexTables/DeltaEntry.h"
-#include "KLV/KeyPredicates.h"
-#include "KLV/Packet.h"
 #include "MXFIO/ContentStorageReader.h"
 #include "MXFIO/Partition.h"
 #include "MXFIO/Reader2.h"
-#include "Metadata/PartitionMetadata.h"
 #include "Metadata/Structural/ContentStorage.h"
 #include "Metadata/Structural/Preface.h"
 #include "Metadata/Structural/PrefaceHelpers.h"
-#include "Schema/Dictionaries.h"
 #include "support/Bench.h"
 
 namespace Vantry { namespace Tests {

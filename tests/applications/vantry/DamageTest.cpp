@@ -8,23 +8,18 @@
 #include "Failure.h"
 #include "FileReport.h"
 #include "MXFIO/ContentStorageProfile.h"
-#include "MXFIO/Reader2.h"
 #include "MXFIO/SequentialReader.h"
 #include "Options.h"
 #include "Output.h"
 #include "PlainFilePage.h"
 #include "Schema/Dictionaries.h"
 #include "UnwrapCommand.h"
-#include "support/BytesSource.h"
 #include "support/FFmpeg.h"
 #include "support/Samples.h"
-#include "support/ScratchFolder.h"
 #include "support/UseContainer.h"
-#include "support/UseReader.h"
 
 #include <csignal>
 #include <cstring>
-#include <functional>
 #include <map>
 #include <random>
 #include <set>

@@ -1,7 +1,6 @@
 #include "support/Samples.h"
 #include "support/VantryProgram.h"
 
-#include <algorithm>
 #include <nlohmann/json.hpp>
 #include <random>
 #include <sstream>

@@ -15,7 +15,6 @@
 #include "Metadata/Structural/TrackHelpers.h"
 #include "Output.h"
 #include "PlainFilePage.h"
-#include "support/BytesSource.h"
 #include "support/IndexSegments.h"
 #include "support/MXFFile.h"
 #include "support/StructuralMetadata.h"

@@ -8,7 +8,6 @@
 #include "support/Samples.h"
 
 #include <cstdio>
-#include <fstream>
 #include <map>
 #include <memory>
 #include <nlohmann/json.hpp>

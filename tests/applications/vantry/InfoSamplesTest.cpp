@@ -9,7 +9,6 @@
 #include "support/Samples.h"
 
 #include <fmt/format.h>
-#include <fstream>
 #include <iterator>
 #include <nlohmann/json.hpp>
 

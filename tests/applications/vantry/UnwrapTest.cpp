@@ -4,7 +4,6 @@
 #include "support/Samples.h"
 #include "support/VantryProgram.h"
 
-#include <algorithm>
 #include <nlohmann/json.hpp>
 #include <sstream>
 

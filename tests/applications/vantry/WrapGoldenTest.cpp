@@ -8,7 +8,6 @@
 #include "support/MPEGVideo.h"
 
 #include <iomanip>
-#include <set>
 #include <sstream>
 
 namespace Vantry { namespace Tests {

@@ -2,7 +2,6 @@
 
 #include "Essence/AES3/AES3Info.h"
 #include "Essence/AES3/S302M/Header.h"
-#include "Exceptions/InvalidFormat.h"
 #include "support/Failure.h"
 #include "support/S302M.h"
 #include "support/Slices.h"
