@@ -3,8 +3,6 @@
 #include "support/Failure.h"
 #include "support/Slices.h"
 
-#include <random>
-
 namespace Vantry { namespace Tests {
 
 using DataIO::BitSliceReader;

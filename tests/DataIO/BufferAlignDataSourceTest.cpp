@@ -37,13 +37,7 @@ private:
 
 TEST(BufferAlignDataSource, ReadsLikeItsSource)
 {
-    struct Case
-    {
-        unsigned int alignment, bufferSize, mostAtOnce;
-        bool alignedOnly;
-    };
-
-    Case const CASES[] = {
+    std::tuple<unsigned int, unsigned int, unsigned int, bool> const CASES[] = {
         {1, 0, 1000, true},   {1, 7, 1000, true},    {16, 15, 1000, false}, {16, 16, 1000, true},
         {16, 64, 1000, true}, {10, 23, 1000, false}, {16, 64, 5, false},
     };
@@ -54,14 +48,14 @@ TEST(BufferAlignDataSource, ReadsLikeItsSource)
         return random() % (most + 1);
     };
 
-    for (Case const & c : CASES)
+    for (auto const & [alignment, bufferSize, mostAtOnce, alignedOnly] : CASES)
     {
-        SCOPED_TRACE(testing::Message() << c.alignment << ", " << c.bufferSize << ", " << c.mostAtOnce);
+        SCOPED_TRACE(testing::Message() << alignment << ", " << bufferSize << ", " << mostAtOnce);
         for (int round = 0; round < 20; ++round)
         {
             Bytes const bytes = counting(upTo(300));
-            WatchedSource source(bytes, c.alignment, c.mostAtOnce);
-            BufferAlignDataSource reader(source, c.alignment, c.bufferSize);
+            WatchedSource source(bytes, alignment, mostAtOnce);
+            BufferAlignDataSource reader(source, alignment, bufferSize);
             UInt64 position = 0;
 
             for (int step = 0; step < 200; ++step)
@@ -93,7 +87,7 @@ TEST(BufferAlignDataSource, ReadsLikeItsSource)
             }
             reader.discard();
             EXPECT_TRUE(reader.endOfStream());
-            EXPECT_TRUE(source.aligned() || !c.alignedOnly);
+            EXPECT_TRUE(source.aligned() || !alignedOnly);
         }
     }
 }

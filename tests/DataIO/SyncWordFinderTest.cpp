@@ -6,8 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 namespace Vantry { namespace Tests {
 
 using DataIO::SliceReader;

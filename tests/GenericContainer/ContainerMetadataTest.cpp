@@ -4,9 +4,7 @@
 #include "DataIO/Chain.h"
 #include "GenericContainer/Multiplexer/Mux.h"
 #include "MXFIO/FutureUpdater.h"
-#include "Metadata/Structural/Sequence.h"
 #include "Metadata/Structural/StructuralComponent.h"
-#include "Metadata/Structural/TimelineTrack.h"
 #include "support/MemoryAnalyzer.h"
 #include "support/RootMetadata.h"
 
@@ -114,30 +112,25 @@ void add(Multiplexer::Mux & mux, int count)
 
 TEST(ContainerMetadata, PackageSaysWhatIsInIt)
 {
-    struct Case
-    {
-        int compounds, pictures, sounds, data;
-        unsigned char material;
-    };
-    Case const cases[] = {
+    std::tuple<int, int, int, int, unsigned char> const cases[] = {
         {1, 0, 0, 0, 13}, {0, 1, 1, 0, 13}, {0, 1, 0, 1, 13}, {0, 0, 1, 1, 13}, {0, 1, 0, 0, 5},  {0, 2, 0, 0, 6},
         {0, 0, 1, 0, 8},  {0, 0, 2, 0, 9},  {0, 0, 0, 1, 11}, {0, 0, 0, 2, 12}, {0, 0, 0, 0, 15},
     };
-    for (Case const & c : cases)
+    for (auto const & [compounds, pictures, sounds, data, material] : cases)
     {
         Header header;
         Multiplexer::Mux mux(header.shared(), label(), {30000, 1001}, nullptr);
-        add<MemoryCompound>(mux, c.compounds);
-        add<MemoryPictures>(mux, c.pictures);
-        add<MemorySound>(mux, c.sounds);
-        add<MemoryData>(mux, c.data);
+        add<MemoryCompound>(mux, compounds);
+        add<MemoryPictures>(mux, pictures);
+        add<MemorySound>(mux, sounds);
+        add<MemoryData>(mux, data);
         mux.commit();
 
         SourcePackage const & package = header.package();
-        EXPECT_EQ((*package.packageUID())[10], c.material);
+        EXPECT_EQ((*package.packageUID())[10], material);
         EXPECT_EQ(Platform::wstringToString(package.packageName()->value()), "Source Package");
         auto const * const several = dynamic_cast<MultipleDescriptor const *>(package.descriptor());
-        auto const count = static_cast<unsigned int>(c.compounds + c.pictures + c.sounds + c.data);
+        auto const count = static_cast<unsigned int>(compounds + pictures + sounds + data);
         ASSERT_EQ(several != nullptr, count > 1);
         if (several == nullptr)
             continue;

@@ -219,14 +219,8 @@ TEST(DefaultIndexTableGenerator, ClosesASegmentAt64KB)
 
 TEST(DefaultIndexTableGenerator, GivesEachPartitionWhatItsStrategyAsksFor)
 {
-    struct Case
-    {
-        IndexTableGeneration duringEssence;
-        IndexTableGeneration afterEssence;
-        char const * variable; // starts of the segments in each partition
-        char const * constant;
-    };
-    Case const cases[] = {
+    // variable: starts of the segments in each partition
+    std::tuple<IndexTableGeneration, IndexTableGeneration, char const *, char const *> const cases[] = {
         {INDEX_NONE, INDEX_NONE, "| | | |", "| | | |"},
         {INDEX_NONE, INDEX_FOLLOWING, "| | | 0 2 4 | after", "| | | 0 | after"},
         {INDEX_NONE, INDEX_REPEATED_IF_VARIABLE, "| | | 0 2 4 | after", "| | | 0 |"},
@@ -235,11 +229,11 @@ TEST(DefaultIndexTableGenerator, GivesEachPartitionWhatItsStrategyAsksFor)
         {INDEX_FOLLOWING, INDEX_REPEATED, "| 0 | 0 2 | 0 2 4 | after", "0 | | | 0 | after"},
         {INDEX_REPEATED, INDEX_REPEATED, "| 0 | 0 2 | 0 2 4 | after", "0 | 0 | 0 | 0 | after"},
     };
-    for (Case const & c : cases)
+    for (auto const & [duringEssence, afterEssence, variable, constant] : cases)
         for (bool isConstant : {false, true})
         {
-            SCOPED_TRACE(testing::Message() << c.duringEssence << " " << c.afterEssence << " " << isConstant);
-            Writing writing(frames({Element(isConstant ? 100 : 0)}), INDEX_AUTOMATIC, c.duringEssence, c.afterEssence);
+            SCOPED_TRACE(testing::Message() << duringEssence << " " << afterEssence << " " << isConstant);
+            Writing writing(frames({Element(isConstant ? 100 : 0)}), INDEX_AUTOMATIC, duringEssence, afterEssence);
             std::string text;
             for (unsigned int partition = 0; partition < 4; ++partition)
             {
@@ -249,7 +243,7 @@ TEST(DefaultIndexTableGenerator, GivesEachPartitionWhatItsStrategyAsksFor)
                 text += partition == 3 ? "|" : "| ";
             }
             text += writing.generator.indexesAfterEndOfEssence() ? " after" : "";
-            EXPECT_EQ(text, isConstant ? c.constant : c.variable);
+            EXPECT_EQ(text, isConstant ? constant : variable);
         }
 }
 

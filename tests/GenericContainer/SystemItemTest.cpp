@@ -78,13 +78,7 @@ TEST(SystemMetadataPack, IsWrittenAndReadByteForByte)
 
 TEST(SystemMetadataPack, HasACodeForEachRate)
 {
-    struct Case
-    {
-        Rate rate;
-        unsigned char byte;
-        Rate readBack;
-    };
-    Case const cases[] = {
+    std::tuple<Rate, unsigned char, Rate> const cases[] = {
         {24, 0x02, 24},
         {{24000, 1001}, 0x03, {24000, 1001}},
         {{30000, 1001}, 0x07, {30000, 1001}},
@@ -96,11 +90,11 @@ TEST(SystemMetadataPack, HasACodeForEachRate)
         {{31000, 1001}, 0x01, 0},
     };
     Tests::CountingBlocks blocks;
-    for (Case const & c : cases)
+    for (auto const & [rate, byte, readBack] : cases)
     {
-        Bytes const bytes = bytesOf(*SystemMetadataPack(c.rate).serialize());
-        EXPECT_EQ(bytes[21], c.byte);
-        EXPECT_EQ(parsed(blocks, Bytes(bytes.begin() + 20, bytes.end())).packageRate(), c.readBack);
+        Bytes const bytes = bytesOf(*SystemMetadataPack(rate).serialize());
+        EXPECT_EQ(bytes[21], byte);
+        EXPECT_EQ(parsed(blocks, Bytes(bytes.begin() + 20, bytes.end())).packageRate(), readBack);
     }
     EXPECT_EQ(parsed(blocks, hex("00 FF") + Tests::repeated(55, 0)).packageRate(), Rate(0));
 }
@@ -113,27 +107,21 @@ TEST(Timecode331M, HasUserBitsOfExtendedTimeCodesOnly)
     TimeCodeExtended::BinaryGroups flag0 = groups, flag1 = groups, flag2 = groups;
     flag0.flag0 = flag1.flag1 = flag2.flag2 = true;
 
-    struct Case
-    {
-        TimeCodeExtended timeCode;
-        char const * expected;
-        char const * asPlain;
-    };
-    Case const cases[] = {
+    std::tuple<TimeCodeExtended, char const *, char const *> const cases[] = {
         {{30, 10, 21, 32, 13, true, flag0, true, false}, "D3 32 A1 10 12 34 56 78", "53 32 21 10 00 00 00 00"},
         {{30, 10, 21, 32, 13, true, flag2, false, false}, "53 32 21 90 12 34 56 78", "53 32 21 10 00 00 00 00"},
         {{60, 23, 59, 59, 29, false, flag1, false, true}, "29 D9 59 63 12 34 56 78", "29 59 59 23 00 00 00 00"},
         {{25, 10, 21, 32, 13, false, flag0, false, false}, "13 B2 21 10 12 34 56 78", "13 32 21 10 00 00 00 00"},
         {{50, 10, 21, 32, 13, false, flag2, false, true}, "13 32 A1 90 12 34 56 78", "13 32 21 10 00 00 00 00"},
     };
-    for (Case const & c : cases)
+    for (auto const & [timeCode, fullBytes, plainBytes] : cases)
         for (bool asPlain : {false, true})
         {
             Timecode331M written;
-            TimeCode const plain(c.timeCode);
-            writeTimecode331M(written, asPlain ? plain : c.timeCode);
+            TimeCode const plain(timeCode);
+            writeTimecode331M(written, asPlain ? plain : timeCode);
             auto const * const bytes = reinterpret_cast<unsigned char const *>(&written);
-            EXPECT_EQ(Bytes(bytes, bytes + sizeof(written)), stamp(asPlain ? c.asPlain : c.expected));
+            EXPECT_EQ(Bytes(bytes, bytes + sizeof(written)), stamp(asPlain ? plainBytes : fullBytes));
             EXPECT_EQ(readTimecode12M(written.timecode, plain.frameRate()), plain);
         }
 

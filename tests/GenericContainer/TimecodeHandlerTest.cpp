@@ -2,10 +2,6 @@
 
 #include "GenericContainer/EditUnit.h"
 #include "GenericContainer/TimecodeInfo.h"
-#include "Metadata/Structural/Sequence.h"
-#include "Metadata/Structural/SourcePackage.h"
-#include "Metadata/Structural/TimecodeComponent.h"
-#include "Metadata/Structural/TimelineTrack.h"
 #include "support/Failure.h"
 #include "support/StructuralMetadata.h"
 
@@ -101,15 +97,7 @@ TEST(TimecodeHandler, MakesAComponentForEachStretch)
     suppressing.suppressTimecodeDiscontinuities = true;
     withoutTrack.generateTimecodeTrack = false;
     Rate const ntsc(30000, 1001);
-    struct Case
-    {
-        char const * name;
-        Rate rate;
-        TimecodeInfo info;
-        std::vector<int> frames;
-        char const * expected;
-    };
-    Case const cases[] = {
+    std::tuple<char const *, Rate, TimecodeInfo, std::vector<int>, char const *> const cases[] = {
         {"a run", 25, {}, {10, 11, 12, 13}, "0 4: 10+4"},
         {"over midnight", 25, {}, {2159998, 2159999, 0, 1}, "0 4: 2159998+4"},
         {"jumps", 25, {}, {10, 11, 20, 21, 22, 5}, "0 6: 10+2 20+3 5+1"},
@@ -129,12 +117,12 @@ TEST(TimecodeHandler, MakesAComponentForEachStretch)
         {"no rounded rate", {2997, 100}, {}, {10, 11}, ""},
         {"too high a rate", 256, startAt(0, 0, true), {NONE, NONE}, ""},
     };
-    for (Case const & c : cases)
+    for (auto const & [name, rate, info, frames, expected] : cases)
     {
-        SCOPED_TRACE(c.name);
-        Writing writing(c.rate, c.info);
-        writing.write(c.frames);
-        EXPECT_EQ(writing.told(), c.expected);
+        SCOPED_TRACE(name);
+        Writing writing(rate, info);
+        writing.write(frames);
+        EXPECT_EQ(writing.told(), expected);
     }
 
     EXPECT_FAILURE(InvalidValue, "Invalid value of 00:01:00:00 for 30 fps drop frame timecode",

@@ -160,14 +160,6 @@ TEST(IndexEntryArray, MendsMissingKeyFrameOffsets)
 
 TEST(EntryArrays, AreReadOnlyWhenTheirNumbersAgree)
 {
-    struct Case
-    {
-        char const * name;
-        Bytes wire;
-        UInt64 claim;
-        Count slices;
-        Tests::LengthFailure failure;
-    };
     std::string const noHead =
         "Invalid data size in the Index Table collection. Not enough data to read element entry size";
     std::string const tooMany =
@@ -179,7 +171,7 @@ TEST(EntryArrays, AreReadOnlyWhenTheirNumbersAgree)
     Bytes const head = hex("00 00 00 02 00 00 00 0B");
     Bytes const two = head + Tests::repeated(22, 1);
 
-    Case const cases[] = {
+    std::tuple<char const *, Bytes, UInt64, Count, Tests::LengthFailure> const cases[] = {
         {"nothing", {}, 0, 0, {noHead, {}}},
         {"half a head", head.first(7), 7, 0, {noHead, head.first(7)}},
         {"more entries than bytes", two, 29, 0, {tooMany, head}},
@@ -187,12 +179,12 @@ TEST(EntryArrays, AreReadOnlyWhenTheirNumbersAgree)
         {"no slice offsets", two, 30, 1, {different, {}}},
         {"a source that ends", two.first(29), 30, 0, {cutOff, two.first(19)}},
     };
-    for (Case const & c : cases)
+    for (auto const & [name, wire, claim, slices, failure] : cases)
     {
-        SCOPED_TRACE(c.name);
-        BytesSource source(c.wire);
-        KLV::Value value(source, c.claim);
-        EXPECT_EQ(lengthFailureOf([&] { IndexEntryArray(value, c.slices, 0); }), c.failure);
+        SCOPED_TRACE(name);
+        BytesSource source(wire);
+        KLV::Value value(source, claim);
+        EXPECT_EQ(lengthFailureOf([&, slices = slices] { IndexEntryArray(value, slices, 0); }), failure);
     }
 
     EXPECT_EQ(

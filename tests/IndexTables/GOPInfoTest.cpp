@@ -61,13 +61,7 @@ std::string told(Segment const & segment)
 
 TEST(GOPInfo, TellsTheGroupsOfASegment)
 {
-    struct Case
-    {
-        char const * name;
-        std::vector<Picture> pictures;
-        char const * expected;
-    };
-    Case const cases[] = {
+    std::tuple<char const *, std::vector<Picture>, char const *> const cases[] = {
         {"no pictures", {}, "| |"},
         {"key pictures alone", {{'I'}, {'I'}, {'I'}}, "0:0 0:1 0:2 | 0:0 0:1 0:2 | 0=1 1=1 2=1"},
         {"closed groups with B pictures",
@@ -80,10 +74,10 @@ TEST(GOPInfo, TellsTheGroupsOfASegment)
         {"no start of a group", {{'P'}, {'P', 0, -5}}, "-1:0 -1:0 | -1:-1 -1:-1 | 0=2*"},
         {"offsets out of the segment", {{'I', -1}, {'P', 127, -1}}, "0:0 1:0 | -1:-1 -1:-1 | 0=2"},
     };
-    for (Case const & c : cases)
+    for (auto const & [name, pictures, expected] : cases)
     {
-        SCOPED_TRACE(c.name);
-        EXPECT_EQ(told(segmentOf(0, c.pictures)), c.expected);
+        SCOPED_TRACE(name);
+        EXPECT_EQ(told(segmentOf(0, pictures)), expected);
     }
     EXPECT_FAILURE(IndexOutOfBounds,
                    "index < gopInfoVector_.size (): The IndexTableSegment is smaller than the given index.",

@@ -108,15 +108,9 @@ TEST(IndexTableSegment, TakesElementsInAnyOrderAndKeepsUnknownOnes)
 
 TEST(IndexTableSegment, IsReadOnlyWhenItsLengthsAgree)
 {
-    struct Case
-    {
-        char const * name;
-        Bytes value;
-        Tests::LengthFailure failure;
-    };
     std::string const tooShort = "Invalid data size in Value in the IndexTable Segment";
     std::string const tooLong = "Invalid data size in Local Value. Value still contains data to be read.";
-    Case const cases[] = {
+    std::tuple<char const *, Bytes, Tests::LengthFailure> const cases[] = {
         {"half a head", hex("3F 07 00"), {tooShort, hex("3F 07 00")}},
         {"a short number", hex("3F 07 00 03  01 02 03"), {tooShort, hex("3F 07 00 03  01 02 03")}},
         {"a number cut off", hex("3F 07 00 04  01 02"), {tooShort, hex("3F 07 00 04  01 02")}},
@@ -133,11 +127,11 @@ TEST(IndexTableSegment, IsReadOnlyWhenItsLengthsAgree)
           "SliceCount, PosTableCount and number of entries (NIE/NDE).",
           {}}},
     };
-    for (Case const & c : cases)
+    for (auto const & [name, value, failure] : cases)
     {
-        SCOPED_TRACE(c.name);
-        BytesPacket packet(packetOf(c.value));
-        EXPECT_EQ(lengthFailureOf([&] { IndexTableSegment(*packet, nullptr); }), c.failure);
+        SCOPED_TRACE(name);
+        BytesPacket packet(packetOf(value));
+        EXPECT_EQ(lengthFailureOf([&] { IndexTableSegment(*packet, nullptr); }), failure);
     }
 
     BytesPacket source(KEY + hex("82 00 20  3F 07 00 04"));

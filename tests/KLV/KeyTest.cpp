@@ -11,13 +11,7 @@ using namespace Vantry::Tests;
 
 namespace {
 
-struct Predicate
-{
-    char const * name;
-    bool (*holds)(KLV::Key const &) noexcept;
-};
-
-Predicate const PREDICATES[] = {
+std::pair<char const *, bool (*)(KLV::Key const &) noexcept> const PREDICATES[] = {
     {"local set", KLV::isLocalSet},
     {"MXF set", KLV::isMXFDefaultLocalSet},
     {"pack", KLV::isFixedPack},
@@ -32,19 +26,13 @@ Predicate const PREDICATES[] = {
 std::string kindsOf(KLV::Key const & key)
 {
     std::string kinds;
-    for (Predicate const & predicate : PREDICATES)
-        if (predicate.holds(key))
-            kinds += (kinds.empty() ? "" : ", ") + std::string(predicate.name);
+    for (auto const & [name, holds] : PREDICATES)
+        if (holds(key))
+            kinds += (kinds.empty() ? "" : ", ") + std::string(name);
     return kinds;
 }
 
-struct Case
-{
-    char const * key;
-    char const * kinds;
-};
-
-Case const CASES[] = {
+std::pair<char const *, char const *> const CASES[] = {
     // A preface, then each byte that makes it one.
     {"06 0E 2B 34 02 53 01 01 0D 01 01 01 01 01 2F 00", "local set, MXF set, structural, metadata"},
     {"06 0E 2B 34 02 53 01 02 0D 01 01 01 01 01 2F 00", "local set, MXF set"},
@@ -80,42 +68,37 @@ Case const CASES[] = {
 
 TEST(Key, TellsWhatItIsTheKeyOf)
 {
-    for (Case const & c : CASES)
-        EXPECT_EQ(kindsOf(KLV::Key(hex(c.key).data())), c.kinds) << c.key;
+    for (auto const & [bytes, kinds] : CASES)
+        EXPECT_EQ(kindsOf(KLV::Key(hex(bytes).data())), kinds) << bytes;
 }
 
 TEST(UniversalLabel, TellsTheSameOfItsKey)
 {
-    for (Case const & c : CASES)
+    for (auto const & [bytes, kinds] : CASES)
     {
-        KLV::Key const key(hex(c.key).data());
-        EXPECT_EQ(Types::isFixedPack(key), KLV::isFixedPack(key)) << c.key;
-        EXPECT_EQ(Types::isMetadataSet(key), KLV::isMetadataSet(key)) << c.key;
-        EXPECT_EQ(Types::isIndexTableKlvSegment(key), KLV::isIndexTableKlvSegment(key)) << c.key;
-        EXPECT_EQ(Types::isFillItem(key), KLV::isFillItem(key)) << c.key;
-        EXPECT_EQ(Types::isEssence(key), KLV::isEssence(key)) << c.key;
+        KLV::Key const key(hex(bytes).data());
+        EXPECT_EQ(Types::isFixedPack(key), KLV::isFixedPack(key)) << bytes;
+        EXPECT_EQ(Types::isMetadataSet(key), KLV::isMetadataSet(key)) << bytes;
+        EXPECT_EQ(Types::isIndexTableKlvSegment(key), KLV::isIndexTableKlvSegment(key)) << bytes;
+        EXPECT_EQ(Types::isFillItem(key), KLV::isFillItem(key)) << bytes;
+        EXPECT_EQ(Types::isEssence(key), KLV::isEssence(key)) << bytes;
         // The one that differs: with labels any local set will do.
-        EXPECT_EQ(Types::isMXFDefaultLocalSet(key), KLV::isLocalSet(key)) << c.key;
+        EXPECT_EQ(Types::isMXFDefaultLocalSet(key), KLV::isLocalSet(key)) << bytes;
     }
 }
 
 TEST(Key, TellsHowALocalSetIsCoded)
 {
-    struct Coding
-    {
-        unsigned char designator;
-        int tagLength, lengthLength;
-    };
-    Coding const CODINGS[] = {
+    std::tuple<unsigned char, int, int> const CODINGS[] = {
         {0x03, 1, 0}, {0x0B, 1, 0}, {0x33, 2, 1}, {0x53, 2, 2}, {0x7B, 4, 4}, {0x05, 0, 0}, {0xD3, 0, 0},
     };
 
     KLV::Key key(hex("06 0E 2B 34 02 53 01 01 0D 01 01 01 01 01 2F 00").data());
-    for (Coding const & coding : CODINGS)
+    for (auto const & [designator, tagLength, lengthLength] : CODINGS)
     {
-        key[5] = coding.designator;
-        EXPECT_EQ(key.localTagFieldLength(), coding.tagLength) << int(coding.designator);
-        EXPECT_EQ(key.lengthFieldLength(), coding.lengthLength) << int(coding.designator);
+        key[5] = designator;
+        EXPECT_EQ(key.localTagFieldLength(), tagLength) << int(designator);
+        EXPECT_EQ(key.lengthFieldLength(), lengthLength) << int(designator);
     }
 }
 

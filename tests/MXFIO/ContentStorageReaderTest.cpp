@@ -161,17 +161,15 @@ TEST(ContentStorageReader, GoesToElementsByIndexEntries)
     EXPECT_EQ(content.seeker().temporalReorderingTrack(), PICTURE);
 
     // The system item is read with the element behind it.
-    struct
+    std::tuple<unsigned int, unsigned int, unsigned int> const CASES[] = {
+        {PICTURE, SYSTEM_ITEM, 0}, {SOUND, SOUND, 2}, {SOUND | 0x00050000, SOUND, 2}};
+    for (auto const & [trackNumber, lands, index] : CASES)
     {
-        unsigned int trackNumber, lands, index;
-    } const CASES[] = {{PICTURE, SYSTEM_ITEM, 0}, {SOUND, SOUND, 2}, {SOUND | 0x00050000, SOUND, 2}};
-    for (auto const & c : CASES)
-    {
-        EXPECT_TRUE(content.fineSeek(8, c.trackNumber));
-        EXPECT_EQ(content.nextElementIndex(), c.index);
-        EXPECT_EQ(content.editUnit(), c.index == 0 ? 8 : 9);
+        EXPECT_TRUE(content.fineSeek(8, trackNumber));
+        EXPECT_EQ(content.nextElementIndex(), index);
+        EXPECT_EQ(content.editUnit(), index == 0 ? 8 : 9);
         auto const packet = content.nextKLV(0);
-        EXPECT_EQ(key2TrackNumber(packet->key()), c.lands);
+        EXPECT_EQ(key2TrackNumber(packet->key()), lands);
         EXPECT_EQ(content.editUnit(), 9);
     }
     EXPECT_FALSE(content.fineSeek(EDIT_UNITS, SOUND));
@@ -347,22 +345,17 @@ TEST(ContentStorageReader, RefusesAMixtureOfIndexes)
 TEST(ContentStorageReader, LearnsElementsInSpiteOfWrongDeltaEntries)
 {
     auto const size = static_cast<unsigned int>(editUnit(0, true).size());
-    struct
-    {
-        char const * name;
-        std::vector<DeltaEntry> deltas;
-        std::vector<unsigned int> elements;
-    } const CASES[] = {
+    std::tuple<char const *, std::vector<DeltaEntry>, std::vector<unsigned int>> const CASES[] = {
         {"one packet left out", {{0, 0, 0}, {0, 0, 420}}, {SYSTEM_ITEM, SOUND}},
         {"going back", {{0, 0, 0}, {0, 0, 50}}, {SYSTEM_ITEM, PICTURE, SOUND}},
         {"fitting nothing", {{0, 0, 0}, {0, 0, 99999}}, {SYSTEM_ITEM, PICTURE, SOUND}},
     };
-    for (auto const & c : CASES)
+    for (auto const & [name, deltas, elements] : CASES)
     {
-        SCOPED_TRACE(c.name);
+        SCOPED_TRACE(name);
         ContainerFacts facts(TRACKS);
-        OpenContainer open(fileOf({"", true, constantIndex(0, 0, size, c.deltas), {}, {}}).bytes(), facts);
-        EXPECT_THAT(open.content.elements(), testing::ElementsAreArray(c.elements));
+        OpenContainer open(fileOf({"", true, constantIndex(0, 0, size, deltas), {}, {}}).bytes(), facts);
+        EXPECT_THAT(open.content.elements(), testing::ElementsAreArray(elements));
     }
 }
 

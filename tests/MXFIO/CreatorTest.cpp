@@ -7,7 +7,6 @@
 #include "support/OpenFile.h"
 #include "support/WrittenFile.h"
 
-#include <random>
 #include <sstream>
 
 namespace Vantry { namespace MXFIO { namespace {

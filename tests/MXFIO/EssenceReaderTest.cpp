@@ -2,7 +2,6 @@
 
 #include "MXFIO/ElementEditUnit.h"
 #include "MXFIO/SystemItemKLVPacketListener.h"
-#include "Metadata/Structural/TimecodeComponent.h"
 #include "support/EssencePackages.h"
 #include "support/Failure.h"
 #include "support/GrowingSource.h"
@@ -161,14 +160,7 @@ TEST(EssenceReader, PlaysAFilePackage)
 
 TEST(EssenceReader, SeeksToATime)
 {
-    struct Case
-    {
-        Time time;
-        bool isReached;
-        Time position;
-        char const * units;
-    };
-    Case const cases[] = {
+    std::tuple<Time, bool, Time, char const *> const cases[] = {
         {frames(0), true, frames(0), "A2 B0 A3"},   {frames(1), true, frames(1), "A3 B1 B2"},
         {Time(3, 50), true, frames(1), "A3 B1 B2"}, {frames(2), false, frames(2), "B2 A0 B3"},
         {frames(3), true, frames(3), "A0 B3"},      {frames(4), true, frames(4), ""},
@@ -178,12 +170,12 @@ TEST(EssenceReader, SeeksToATime)
     file.addTrack(1, 25, {{1, 1, 2, 2}, {9, 1, 0, 1}, {1, 1, 0, 1}});
     file.addTrack(2, 25, {{1, 2, 0, 4}});
     EssenceReader & reader = file.play();
-    for (Case const & c : cases)
+    for (auto const & [time, isReached, position, units] : cases)
     {
-        SCOPED_TRACE(c.time.numerator());
-        EXPECT_EQ(reader.seek(c.time), c.isReached);
-        EXPECT_EQ(reader.position(), c.position);
-        EXPECT_EQ(read(reader, 3), c.units);
+        SCOPED_TRACE(time.numerator());
+        EXPECT_EQ(reader.seek(time), isReached);
+        EXPECT_EQ(reader.position(), position);
+        EXPECT_EQ(read(reader, 3), units);
     }
 
     reader.seek(frames(1));

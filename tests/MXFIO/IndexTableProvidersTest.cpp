@@ -254,16 +254,8 @@ TEST_F(IndexTableStreaming, FollowsAFileThatGrows)
     EXPECT_EQ(startFor(provider, 15), NONE);
 
     // Written up to here, after so many milliseconds, edit unit and segment.
-    struct Step
-    {
-        UInt64 size;
-        UInt64 wait;
-        Int64 editUnit;
-        Int64 start;
-        Int64 lastStart;
-    };
     UInt64 const pack = MXFFile::PACK_SIZE;
-    Step const steps[] = {
+    std::tuple<UInt64, UInt64, Int64, Int64, Int64> const steps[] = {
         {end(2), 4999, 15, NONE, 0},
         {end(2), 1, 15, 10, 10},
         {end(2), 5000, 25, NONE, 10},
@@ -274,15 +266,15 @@ TEST_F(IndexTableStreaming, FollowsAFileThatGrows)
         {end(4) + pack + 17, 5000, 35, 30, 30}, // within the footer's
         {file.bytes().size(), 5000, 44, 40, 40},
     };
-    for (Step const & step : steps)
+    for (auto const & [size, wait, editUnit, start, lastStart] : steps)
     {
-        SCOPED_TRACE(step.size);
-        source.writeUpTo(step.size);
-        testTime += step.wait;
-        EXPECT_EQ(startFor(provider, step.editUnit), step.start);
-        EXPECT_EQ(provider.lastSegment()->indexStartPosition().value(), step.lastStart);
+        SCOPED_TRACE(size);
+        source.writeUpTo(size);
+        testTime += wait;
+        EXPECT_EQ(startFor(provider, editUnit), start);
+        EXPECT_EQ(provider.lastSegment()->indexStartPosition().value(), lastStart);
 
-        if (step.wait < 5000)
+        if (wait < 5000)
             continue;
         UInt64 const bytesRead = source.bytesRead();
         unsigned int const refreshes = source.refreshes();

@@ -70,13 +70,9 @@ std::vector<FilePart> const PARTS = {{HEADER},
                                      {FOOTER}};
 
 // Bytes of the container and the part that holds each; 0 for none.
-struct Place
-{
-    UInt64 bodyOffset;
-    std::size_t part;
-};
-Place const PLACES[] = {{0, 1},         {2 * PIECE - 1, 1}, {2 * PIECE, 3},     {3 * PIECE, 4}, {5 * PIECE, 4},
-                        {7 * PIECE, 6}, {9 * PIECE - 1, 6}, {9 * PIECE + 1, 0}, {~UInt64(0), 0}};
+std::pair<UInt64, std::size_t> const PLACES[] = {
+    {0, 1},         {2 * PIECE - 1, 1}, {2 * PIECE, 3},     {3 * PIECE, 4}, {5 * PIECE, 4},
+    {7 * PIECE, 6}, {9 * PIECE - 1, 6}, {9 * PIECE + 1, 0}, {~UInt64(0), 0}};
 
 TEST(PartitionProviders, AgreeOnEachPlace)
 {
@@ -101,13 +97,12 @@ TEST(PartitionProviders, AgreeOnEachPlace)
                 std::make_unique<StreamingPartitionProvider>(open.reader, SID),
             };
             for (std::size_t i = 0; i < std::size(providers); ++i)
-                for (Place const & place : PLACES)
+                for (auto const & [bodyOffset, part] : PLACES)
                 {
-                    auto const editUnit = static_cast<Int64>(place.bodyOffset / PIECE);
-                    Partition const * const found = providers[i]->partitionContaining(place.bodyOffset, editUnit);
-                    EXPECT_EQ(found ? found->partitionAbsoluteOffset() - runIn : 0,
-                              place.part ? file.offset(place.part) : 0)
-                        << "provider " << i << ", byte " << place.bodyOffset << ", run-in " << runIn;
+                    auto const editUnit = static_cast<Int64>(bodyOffset / PIECE);
+                    Partition const * const found = providers[i]->partitionContaining(bodyOffset, editUnit);
+                    EXPECT_EQ(found ? found->partitionAbsoluteOffset() - runIn : 0, part ? file.offset(part) : 0)
+                        << "provider " << i << ", byte " << bodyOffset << ", run-in " << runIn;
                 }
 
             // The walks count the end in.

@@ -111,33 +111,27 @@ TEST(Partition, HandsOutIndexTableSegments)
     Bytes fillOverrun = fill(30);
     fillOverrun[19] = 90;
 
-    struct Case
-    {
-        char const * name;
-        Bytes index;
-        std::vector<UInt64> lengths;
-    };
-    Case const cases[] = {
+    std::tuple<char const *, Bytes, std::vector<UInt64>> const cases[] = {
         {"none", {}, {}},
         {"with fill between", segment(1) + fill(20) + oldSegment + fill(50), {1, 2}},
         {"something else between", segment(1) + packet(nodeKey(), {}) + segment(2), {1}},
         {"a segment longer than the index", segment(1) + overrun, {1, 90}},
         {"fill longer than the index", segment(1) + fillOverrun, {1}},
     };
-    for (Case const & c : cases)
+    for (auto const & [name, index, lengths] : cases)
     {
-        SCOPED_TRACE(c.name);
-        OpenFile open(MXFFile({{HEADER, CLOSED, chainMetadata(1), essence(5, 100), 1, c.index, 2}, {BODY}}));
+        SCOPED_TRACE(name);
+        OpenFile open(MXFFile({{HEADER, CLOSED, chainMetadata(1), essence(5, 100), 1, index, 2}, {BODY}}));
         Partition & partition = *open.reader.headerPartition();
-        EXPECT_EQ(segmentsOf(partition), c.lengths);
+        EXPECT_EQ(segmentsOf(partition), lengths);
         EXPECT_FALSE(partition.nextIndexTableSegmentsKLV());
 
         // From elsewhere it starts anew, and so it does on demand.
         partition.metadata();
         partition.nextBodyKLV(0);
-        EXPECT_EQ(segmentsOf(partition), c.lengths);
+        EXPECT_EQ(segmentsOf(partition), lengths);
         partition.rewind();
-        EXPECT_EQ(segmentsOf(partition), c.lengths);
+        EXPECT_EQ(segmentsOf(partition), lengths);
     }
 }
 

@@ -16,15 +16,8 @@ TEST(PartitionWriter, MakesRoomForMetadata)
     EssenceMetadata header;
     UInt64 const size = header.metadata->serializedSize(true, true);
 
-    struct Case
-    {
-        UInt64 spare;
-        UInt64 maximum;
-        unsigned int kagSize;
-        UInt64 extra;
-    };
     UInt64 const toLine = 512 - size % 512;
-    Case const CASES[] = {
+    std::tuple<UInt64, UInt64, unsigned int, UInt64> const CASES[] = {
         {0, 0, 1, 0},
         {1000, 0, 1, 1000},
         {1000, size + 100, 1, 100},
@@ -35,18 +28,18 @@ TEST(PartitionWriter, MakesRoomForMetadata)
         {20, 0, 1, 20},
         {0, 0, 512, toLine >= 20 ? toLine : toLine + 512},
     };
-    for (Case const & c : CASES)
+    for (auto const & [spare, maximum, kagSize, extra] : CASES)
     {
         BasePartitionWriter writer;
-        writer.metadataSpareSpace(c.spare);
-        writer.metadataMaximumSpace(c.maximum);
-        writer.kagSize(c.kagSize);
-        EXPECT_EQ(writer.headerByteCount(*header.metadata) - size, c.extra) << c.spare << " " << c.maximum;
+        writer.metadataSpareSpace(spare);
+        writer.metadataMaximumSpace(maximum);
+        writer.kagSize(kagSize);
+        EXPECT_EQ(writer.headerByteCount(*header.metadata) - size, extra) << spare << " " << maximum;
 
         DataIO::Chain chain;
         auto const written = writer.writeHeader(*header.metadata, CLOSED, 0, true, true, false, 0, chain);
-        EXPECT_EQ(chain.data_size(), written.second + size + c.extra);
-        EXPECT_EQ(written.first->headerByteCount(), size + c.extra);
+        EXPECT_EQ(chain.data_size(), written.second + size + extra);
+        EXPECT_EQ(written.first->headerByteCount(), size + extra);
         EXPECT_EQ(written.first->indexSID(), 0u);
     }
 }

@@ -33,13 +33,7 @@ MXFFile fileWith(UInt64 footerOffset, bool withRIP, UInt64 behind = 0, Bytes con
 TEST(Reader2, FindsTheFooterByEachRoad)
 {
     UInt64 const footer = fileWith(0, false).offset(2);
-    struct Case
-    {
-        char const * name;
-        MXFFile file;
-        bool footerFound;
-    };
-    Case const cases[] = {
+    std::tuple<char const *, MXFFile, bool> const cases[] = {
         {"footer offset", fileWith(footer, false), true},
         {"footer offset behind a run-in", fileWith(footer, false, 0, repeated(9, 0)), true},
         {"no offset, random index pack", fileWith(0, true), true},
@@ -49,15 +43,15 @@ TEST(Reader2, FindsTheFooterByEachRoad)
         {"offset of another partition", fileWith(fileWith(0, false).offset(1), true), false},
         {"offset of no partition", fileWith(footer + 1, false), false},
     };
-    for (Case const & c : cases)
+    for (auto const & [name, file, footerFound] : cases)
         for (bool loaded : {false, true})
         {
-            SCOPED_TRACE(c.name);
-            OpenFile open(c.file);
+            SCOPED_TRACE(name);
+            OpenFile open(file);
             if (loaded)
                 open.reader.loadRIP();
             Partition * const found = open.reader.footerPartition();
-            EXPECT_EQ(found != nullptr, c.footerFound);
+            EXPECT_EQ(found != nullptr, footerFound);
 
             Partition * const last = open.reader.lastPartition();
             ASSERT_NE(last, nullptr);

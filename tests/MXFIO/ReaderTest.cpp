@@ -143,30 +143,25 @@ TEST(Reader, LoadsARandomIndexPackByTheLastNumberInTheFile)
 TEST(Reader, TakesTheMetadataThatIsMostFinal)
 {
     // 'o' is open with metadata, 'c' closed; '-' is closed without.
-    struct Case
+    std::tuple<char const *, std::size_t, std::size_t> const cases[] = {
+        {"ccc", 0, 0}, {"occ", 1, 2}, {"ooc", 2, 2}, {"ooo", 2, 2}, {"oo-", 1, 1},
+        {"-oc", 2, 2}, {"o--", 0, 0}, {"---", 0, 2}, {"-c-", 1, 1}, {"co-", 0, 0}};
+    for (auto const & [partitions, forward, backward] : cases)
     {
-        char const * partitions;
-        std::size_t forward;
-        std::size_t backward;
-    };
-    Case const cases[] = {{"ccc", 0, 0}, {"occ", 1, 2}, {"ooc", 2, 2}, {"ooo", 2, 2}, {"oo-", 1, 1},
-                          {"-oc", 2, 2}, {"o--", 0, 0}, {"---", 0, 2}, {"-c-", 1, 1}, {"co-", 0, 0}};
-    for (Case const & c : cases)
-    {
-        SCOPED_TRACE(c.partitions);
+        SCOPED_TRACE(partitions);
         std::vector<FilePart> parts = {{HEADER}, {BODY}, {FOOTER}};
         for (std::size_t i = 0; i < parts.size(); ++i)
         {
-            if (c.partitions[i] == 'o')
+            if (partitions[i] == 'o')
                 parts[i].status = OPEN;
-            if (c.partitions[i] != '-')
+            if (partitions[i] != '-')
                 parts[i].metadata = chainMetadata(1);
         }
         MXFFile const file(parts);
         OpenFile open(file);
-        EXPECT_EQ(open.reader.firstPartitionWithFinalMetadata()->partitionAbsoluteOffset(), file.offset(c.forward));
+        EXPECT_EQ(open.reader.firstPartitionWithFinalMetadata()->partitionAbsoluteOffset(), file.offset(forward));
         EXPECT_EQ(open.reader.backwardFirstPartitionWithFinalMetadata()->partitionAbsoluteOffset(),
-                  file.offset(c.backward));
+                  file.offset(backward));
     }
 }
 

@@ -88,24 +88,16 @@ TEST(SequentialReader, HandsOverWhatItMeets)
 TEST(SequentialReader, TellsWhereMetadataEnds)
 {
     Bytes const dark = packet(KLV::Key(hex("06 0E 2B 34 02 23 01 01 0D 01 01 01 01 01 7D 00").data()), {1, 2});
-    struct Case
-    {
-        char const * name;
-        Bytes metadata;
-        Bytes body;
-        bool preserve;
-        char const * log;
-    };
-    Case const cases[] = {
+    std::tuple<char const *, Bytes, Bytes, bool, char const *> const cases[] = {
         {"unknown packets are dropped", chainMetadata(1) + dark, {}, false, "partition 2 of 2 sets; "},
         {"or loaded", chainMetadata(1) + dark + packet(strangeKey(), {}), {}, true, "partition 2 of 3 sets; "},
         {"a packet that ends too late", chainMetadata(1) + packet(nodeKey(), {}).first(18), hex("0000") + essence(1, 9),
          false, "partition 2 of 2 sets; essence 9; "},
     };
-    for (Case const & c : cases)
+    for (auto const & [name, metadata, body, preserve, log] : cases)
     {
-        SCOPED_TRACE(c.name);
-        EXPECT_EQ(logOf(MXFFile({{HEADER, CLOSED, c.metadata, c.body}}, false).bytes(), c.preserve), c.log);
+        SCOPED_TRACE(name);
+        EXPECT_EQ(logOf(MXFFile({{HEADER, CLOSED, metadata, body}}, false).bytes(), preserve), log);
     }
 
     BytesSource source(MXFFile({{HEADER, CLOSED, packet(nodeKey(), {})}}, false).bytes());

@@ -2,13 +2,7 @@
 #include "Metadata/Listeners/LastModifiedDateUpdaterListener.h"
 
 #include "Metadata/ReferenceElement.h"
-#include "Metadata/Structural/ContentStorage.h"
-#include "Metadata/Structural/Identification.h"
-#include "Metadata/Structural/MaterialPackage.h"
-#include "Metadata/Structural/Preface.h"
-#include "Metadata/Structural/SourcePackage.h"
 #include "Metadata/Structural/StructuralMetadataULs.h"
-#include "Metadata/Structural/TimelineTrack.h"
 #include "Types/StrongReference.h"
 #include "support/BytesPacket.h"
 #include "support/Elements.h"

@@ -167,12 +167,7 @@ protected:
 
 TEST_F(PartitionMetadataOrders, SetsAreWrittenInEach)
 {
-    struct Case
-    {
-        Order order;
-        std::vector<unsigned int> numbers;
-    };
-    Case const cases[] = {
+    std::pair<Order, std::vector<unsigned int>> const cases[] = {
         {Order::PrefaceFirst, {1, 2, 12, 3, 5, 9, 11, 4, 8, 10, 6, 7}},
         {Order::ForwardDepthFirst, {1, 2, 3, 4, 8, 5, 6, 7, 12, 9, 11, 10}},
         {Order::ForwardBySiblings, {1, 2, 3, 6, 12, 4, 5, 8, 7, 9, 11, 10}},
@@ -181,18 +176,18 @@ TEST_F(PartitionMetadataOrders, SetsAreWrittenInEach)
         {Order::NormalizedReversedExperimentalFirst, {6, 7, 10, 8, 4, 1, 11, 9, 5, 3, 12, 2}},
     };
 
-    for (Case const & c : cases)
+    for (auto const & [order, numbers] : cases)
     {
-        SCOPED_TRACE(c.order);
+        SCOPED_TRACE(order);
         for (bool const withDark : {true, false})
             for (bool const withPrimer : {true, false})
             {
-                auto expected = c.numbers;
+                auto expected = numbers;
                 if (withPrimer)
                     expected.insert(expected.begin(), PRIMER);
                 if (withDark)
                     expected.push_back(DARK_SET);
-                Bytes const bytes = partition.written(c.order, withDark, withPrimer);
+                Bytes const bytes = partition.written(order, withDark, withPrimer);
                 EXPECT_EQ(readNumbers(partition.schema, bytes), expected);
                 EXPECT_EQ(partition.metadata.serializedSize(withDark, withPrimer), bytes.size());
             }

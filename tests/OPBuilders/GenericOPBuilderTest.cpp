@@ -2,8 +2,6 @@
 
 #include "Metadata/BatchElement.h"
 #include "Metadata/Structural/FileDescriptor.h"
-#include "Metadata/Structural/Identification.h"
-#include "Metadata/Structural/MultipleDescriptor.h"
 #include "Metadata/Structural/StaticTrack.h"
 #include "Metadata/Structural/StructuralMetadataULs.h"
 #include "Utils/Test/DeterministicScope.h"
@@ -51,14 +49,7 @@ struct Building : BuiltMetadata<GenericOPBuilder>
 
 TEST(GenericOPBuilder, LabelTellsHowComplexTheFileIs)
 {
-    struct Case
-    {
-        char const * name;
-        std::vector<std::string> sources;
-        std::vector<std::string> packages;
-        char const * complexity;
-    };
-    Case const cases[] = {
+    std::tuple<char const *, std::vector<std::string>, std::vector<std::string>, char const *> const cases[] = {
         {"nothing", {}, {}, "01 01 01"},
         {"a track", {"p"}, {"A1"}, "01 01 01"},
         {"picture and sound", {"ps"}, {"A1 A2"}, "01 01 09"},
@@ -71,13 +62,13 @@ TEST(GenericOPBuilder, LabelTellsHowComplexTheFileIs)
         {"all of it as a part", {"p"}, {"A1:0,10"}, "01 01 01"},
         {"two packages", {"p", "s"}, {"A1", "A1 B1"}, "01 03 01"},
     };
-    for (Case const & c : cases)
+    for (auto const & [name, sources, packages, complexity] : cases)
     {
-        SCOPED_TRACE(c.name);
-        Building building(c.sources);
-        for (std::string const & package : c.packages)
+        SCOPED_TRACE(name);
+        Building building(sources);
+        for (std::string const & package : packages)
             building.addMaterial(package);
-        EXPECT_EQ(building.complexity(), hex(c.complexity));
+        EXPECT_EQ(building.complexity(), hex(complexity));
     }
     EXPECT_EQ(Building({}, 0, true).complexity(), hex("01 01 03"));
     EXPECT_EQ(Building({}, 0, false, true).complexity(), hex("01 01 05"));

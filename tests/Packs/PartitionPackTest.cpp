@@ -87,34 +87,28 @@ TEST(PartitionPack, IsReadAndWrittenFieldByField)
 
 TEST(PartitionPack, ItsKeyTellsKindAndStatus)
 {
-    struct Case
-    {
-        PartitionPack::PartitionKind kind;
-        PartitionPack::PartitionStatus status;
-        bool open, complete, genericStream;
-    };
-    Case const cases[] = {
+    std::tuple<PartitionPack::PartitionKind, PartitionPack::PartitionStatus, bool, bool, bool> const cases[] = {
         {PartitionPack::HEADER_PARTITION, PartitionPack::OPEN_INCOMPLETE, true, false, false},
         {PartitionPack::BODY_PARTITION, PartitionPack::CLOSED_INCOMPLETE, false, false, false},
         {PartitionPack::HEADER_PARTITION, PartitionPack::OPEN_COMPLETE, true, true, false},
         {PartitionPack::FOOTER_PARTITION, PartitionPack::CLOSED_COMPLETE, false, true, false},
         {PartitionPack::BODY_PARTITION, PartitionPack::GENERIC_STREAM, false, true, true},
     };
-    for (Case const & c : cases)
+    for (auto const & [kind, status, open, complete, genericStream] : cases)
     {
-        KLV::Key const built = buildPartitionPackKey(c.kind, c.status);
-        EXPECT_EQ(built, key(static_cast<unsigned char>(c.kind), static_cast<unsigned char>(c.status)));
+        KLV::Key const built = buildPartitionPackKey(kind, status);
+        EXPECT_EQ(built, key(static_cast<unsigned char>(kind), static_cast<unsigned char>(status)));
         EXPECT_TRUE(isPartitionPack(built));
-        if (!c.genericStream)
+        if (!genericStream)
         {
-            EXPECT_EQ(built, buildPartitionPackKey(c.kind, c.open, c.complete));
+            EXPECT_EQ(built, buildPartitionPackKey(kind, open, complete));
         }
 
         PartitionPack const pack = packWith(built);
-        EXPECT_EQ(pack.partitionKind(), c.kind);
-        EXPECT_EQ(pack.isOpen(), c.open);
-        EXPECT_EQ(pack.isComplete(), c.complete);
-        EXPECT_EQ(pack.isGenericStreamsPartition(), c.genericStream);
+        EXPECT_EQ(pack.partitionKind(), kind);
+        EXPECT_EQ(pack.isOpen(), open);
+        EXPECT_EQ(pack.isComplete(), complete);
+        EXPECT_EQ(pack.isGenericStreamsPartition(), genericStream);
     }
 }
 

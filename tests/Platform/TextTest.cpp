@@ -14,12 +14,7 @@ using Utils::wstringToString;
 TEST(Text, IsUTF8AndUTF16InAnyLocale)
 {
     std::setlocale(LC_ALL, "C");
-    struct Case
-    {
-        char const * narrow;
-        Templates::wstring wideText;
-    };
-    Case const CASES[] = {
+    std::pair<char const *, Templates::wstring> const CASES[] = {
         {"", wide(u"").text},
         {"a\x7F", wide(u"a\u007F").text},
         {"\xC2\x80\xDF\xBF", wide(u"\u0080\u07FF").text},
@@ -27,11 +22,11 @@ TEST(Text, IsUTF8AndUTF16InAnyLocale)
         {"\xF0\x90\x80\x80\xF4\x8F\xBF\xBF", wide(u"\U00010000\U0010FFFF").text},
         {"\xED\x9F\xBF\xEE\x80\x80", wide(u"\uD7FF\uE000").text},
     };
-    for (Case const & c : CASES)
+    for (auto const & [narrow, wideText] : CASES)
     {
-        SCOPED_TRACE(c.narrow);
-        EXPECT_TRUE(stringToWstring(c.narrow) == c.wideText);
-        EXPECT_EQ(wstringToString(c.wideText), c.narrow);
+        SCOPED_TRACE(narrow);
+        EXPECT_TRUE(stringToWstring(narrow) == wideText);
+        EXPECT_EQ(wstringToString(wideText), narrow);
     }
     EXPECT_TRUE(Platform::stringToWstring(nullptr).empty());
     EXPECT_TRUE(Platform::wstringToString(nullptr).empty());

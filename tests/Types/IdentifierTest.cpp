@@ -99,17 +99,8 @@ TEST(IdentifierText, LoadsWhatItRendered)
 
 TEST(IdentifierText, HasItsForms)
 {
-    struct Case
-    {
-        Kind const & kind;
-        Encoding encoding;
-        std::string text;
-        Bytes bytes;
-        std::string rendered;
-    };
-
     Bytes const uuid = hex("F81D4FAE 7DEC 11D0 A765 00A0C91E6BF6");
-    Case const cases[] = {
+    std::tuple<Kind const &, Encoding, std::string, Bytes, std::string> const cases[] = {
         {TAG, HEXADECIMAL, "0x3c0a", hex("3C 0A"), "0x3c0a"},
         {TAG, DOTTED, "3C:0A", hex("3C 0A"), "3c.0a"},
         // A digit for a separator belongs to the number, whose low byte counts.
@@ -120,24 +111,16 @@ TEST(IdentifierText, HasItsForms)
          "1.3.53.7.8.0.9.0.10"},
         {KEY, OID, "1.3.53.2.5.0.1", hex("060E2B34 02 05 00 01") + repeated(8, 0), "1.3.53.2.5.0.1"},
     };
-    for (Case const & c : cases)
+    for (auto const & [kind, encoding, text, bytes, rendered] : cases)
     {
-        SCOPED_TRACE(c.text);
-        EXPECT_EQ(c.kind.load(c.text, c.encoding), c.bytes);
-        EXPECT_EQ(c.kind.render(c.bytes, c.encoding), c.rendered);
+        SCOPED_TRACE(text);
+        EXPECT_EQ(kind.load(text, encoding), bytes);
+        EXPECT_EQ(kind.render(bytes, encoding), rendered);
     }
 }
 
 TEST(IdentifierText, SaysWhatIsWrong)
 {
-    struct Case
-    {
-        Kind const & kind;
-        Encoding encoding;
-        std::string text;
-        std::string failure;
-    };
-
     std::string const tooShort = "InvalidLength: Not enough data";
     std::string const noDigits = "InvalidLabel: Label contains non Hexadecimal characters";
     std::string const no0x = "InvalidLabel: Expecting 0x in the start of the plain hexadecimal string representation";
@@ -146,7 +129,7 @@ TEST(IdentifierText, SaysWhatIsWrong)
     std::string const tooLong = "InvalidLength: OID contains more elements than expected";
     std::string const digitForHyphen = "InvalidLabel: Expected a separator that is not an hexadecimal character";
 
-    Case const cases[] = {
+    std::tuple<Kind const &, Encoding, std::string, std::string> const cases[] = {
         {TAG, DOTTED, "3c.0a.", tooShort},
         {TAG, DOTTED, "3c.g0", noDigits},
         {TAG, DOTTED, "3c.0\xC4\xB0", noDigits}, // U+0130, whose low byte is "0"
@@ -161,8 +144,9 @@ TEST(IdentifierText, SaysWhatIsWrong)
         {LABEL, OID, "1.3.53.256", outOfRange},
         {LABEL, OID, "1.3.53.4294967297", outOfRange},
     };
-    for (Case const & c : cases)
-        EXPECT_EQ(failureOf([&] { c.kind.load(c.text, c.encoding); }), c.failure) << c.kind.name << ' ' << c.text;
+    for (auto const & [kind, encoding, text, failure] : cases)
+        EXPECT_EQ(failureOf([&kind = kind, how = encoding, &text = text] { kind.load(text, how); }), failure)
+            << kind.name << ' ' << text;
 }
 
 TEST(IdentifierText, RefusesFormsOfOtherClasses)

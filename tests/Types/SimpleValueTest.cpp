@@ -160,21 +160,18 @@ TEST(Timestamp, RefusesFieldsOutOfRange)
 TEST(Rational, IsReducedOnlyWhenAsked)
 {
     int const LOWEST = std::numeric_limits<int>::min();
-    struct
-    {
-        int numerator, denominator, normalNumerator, normalDenominator;
-    } const CASES[] = {
+    std::tuple<int, int, int, int> const CASES[] = {
         {50, 2, 25, 1}, {-4, -6, 2, 3}, {0, 5, 0, 5}, {7, 0, 7, 0}, {LOWEST, -1, LOWEST, -1}, // 2^31 has no room
     };
-    for (auto const & c : CASES)
+    for (auto const & [numerator, denominator, normalNumerator, normalDenominator] : CASES)
     {
-        Types::Rational rational(c.numerator, c.denominator);
-        EXPECT_EQ(rational.numerator(), c.numerator);
-        EXPECT_EQ(rational.denominator(), c.denominator);
-        EXPECT_TRUE(rational == Types::Rational(c.normalNumerator, c.normalDenominator));
+        Types::Rational rational(numerator, denominator);
+        EXPECT_EQ(rational.numerator(), numerator);
+        EXPECT_EQ(rational.denominator(), denominator);
+        EXPECT_TRUE(rational == Types::Rational(normalNumerator, normalDenominator));
         rational.normalize();
-        EXPECT_EQ(rational.numerator(), c.normalNumerator);
-        EXPECT_EQ(rational.denominator(), c.normalDenominator);
+        EXPECT_EQ(rational.numerator(), normalNumerator);
+        EXPECT_EQ(rational.denominator(), normalDenominator);
     }
 }
 

@@ -65,22 +65,17 @@ TEST(Opaque, OfKnownKindIsBelow4GiB)
 
 TEST(ISO7String, KeepsItsTerminatorOrNone)
 {
-    struct
-    {
-        char const * wire;
-        char const * text;
-        unsigned short size, length;
-    } const CASES[] = {
+    std::tuple<char const *, char const *, unsigned short, unsigned short> const CASES[] = {
         {"", "", 0, 0xFFFF},        {"61 62", "ab", 3, 2},      {"61 62 00", "ab", 3, 2},
         {"61 00 62 63", "a", 5, 1}, {"61 00 00 00", "a", 4, 1}, {"E9 80", "\xE9\x80", 3, 2},
     };
-    for (auto const & c : CASES)
+    for (auto const & [wire, text, size, length] : CASES)
     {
-        Types::ISO7String const read = valueOf<Types::ISO7String>(hex(c.wire));
-        EXPECT_STREQ(read.value(), c.text);
-        EXPECT_EQ(read.size(), c.size);
-        EXPECT_EQ(read.stringLength(), c.length);
-        EXPECT_EQ(serialized(read), hex(c.wire));
+        Types::ISO7String const read = valueOf<Types::ISO7String>(hex(wire));
+        EXPECT_STREQ(read.value(), text);
+        EXPECT_EQ(read.size(), size);
+        EXPECT_EQ(read.stringLength(), length);
+        EXPECT_EQ(serialized(read), hex(wire));
     }
 
     Types::ISO7String const made("ab");
@@ -90,22 +85,18 @@ TEST(ISO7String, KeepsItsTerminatorOrNone)
 
 TEST(UTF16String, KeepsItsTerminatorOrNone)
 {
-    struct
-    {
-        char const * wire;
-        char const * text;
-    } const CASES[] = {
+    std::pair<char const *, char const *> const CASES[] = {
         {"", ""},
         {"00 61 20 AC 00 00", "a\xE2\x82\xAC"},
         {"00 61 00 00 00 62", "a"},
     };
-    for (auto const & c : CASES)
+    for (auto const & [wire, text] : CASES)
     {
-        Types::UTF16String const read = valueOf<Types::UTF16String>(hex(c.wire));
-        EXPECT_EQ(narrow(read.value()), c.text);
-        EXPECT_EQ(read.size(), wide(c.text).size());
-        EXPECT_EQ(read.stringLength(), wide(c.text).size());
-        EXPECT_EQ(serialized(*read.clone()), hex(c.wire));
+        Types::UTF16String const read = valueOf<Types::UTF16String>(hex(wire));
+        EXPECT_EQ(narrow(read.value()), text);
+        EXPECT_EQ(read.size(), wide(text).size());
+        EXPECT_EQ(read.stringLength(), wide(text).size());
+        EXPECT_EQ(serialized(*read.clone()), hex(wire));
     }
 
     EXPECT_EQ(serialized(Types::UTF16String(wide("a\xE2\x82\xAC").c_str())), hex("00 61 20 AC 00 00"));

@@ -66,13 +66,7 @@ TEST(Time, ConvertsSecondsToEditUnits)
     using Rate = Templates::Rational<int>;
     Int64 const most = std::numeric_limits<Int64>::max();
 
-    struct Case
-    {
-        Seconds seconds;
-        Rate editRate;
-        Int64 editUnits;
-    };
-    Case const cases[] = {
+    std::tuple<Seconds, Rate, Int64> const cases[] = {
         {Seconds(-1), Rate(25), -1},
         {Seconds(10), Rate(25), 250},
         {Seconds(1001, 30000), Rate(30000, 1001), 1},
@@ -82,9 +76,9 @@ TEST(Time, ConvertsSecondsToEditUnits)
         {Seconds(most, 48000), Rate(48000), most},
         {Seconds(most), Rate(1, 2000000000), 4611686018},
     };
-    for (Case const & c : cases)
-        EXPECT_EQ(Time::convertSecondsToEditUnit(c.seconds, c.editRate), c.editUnits)
-            << c.seconds.numerator() << '/' << c.seconds.denominator() << " s";
+    for (auto const & [seconds, editRate, editUnits] : cases)
+        EXPECT_EQ(Time::convertSecondsToEditUnit(seconds, editRate), editUnits)
+            << seconds.numerator() << '/' << seconds.denominator() << " s";
 
     EXPECT_EQ(Time::convertSecondsToEditUnit(Rate(7, 2), Rate(25)), 87);
     EXPECT_FAILURE(InvalidValue, "Type size exceeded", Time::convertSecondsToEditUnit(Seconds(most), Rate(2)));

@@ -60,24 +60,18 @@ TEST(Fill, AlignsASinkByAFillItem)
 
 TEST(Fill, WritesKeyLengthAndZeros)
 {
-    struct Case
-    {
-        UInt64 size;
-        unsigned char berLength;
-        Bytes length;
-    };
-    Case const cases[] = {
+    std::tuple<UInt64, unsigned char, Bytes> const cases[] = {
         {20, 4, hex("83 00 00 00")},
         {200, 1, hex("B7")}, // one byte takes what it can
         {200000, 9, hex("88 00 00 00 00 00 03 0D 27")},
     };
     KLV::fillItemKey(2);
-    for (Case const & c : cases)
+    for (auto const & [size, berLength, length] : cases)
     {
         BytesSink sink;
-        writeFillKLV(sink, c.size, c.berLength);
-        Bytes const head = hex("06 0E 2B 34 01 01 01 02 03 01 02 10 01 00 00 00") + c.length;
-        EXPECT_EQ(sink.bytes(), head + repeated(c.size - head.size(), 0)) << c.size;
+        writeFillKLV(sink, size, berLength);
+        Bytes const head = hex("06 0E 2B 34 01 01 01 02 03 01 02 10 01 00 00 00") + length;
+        EXPECT_EQ(sink.bytes(), head + repeated(size - head.size(), 0)) << size;
         EXPECT_LE(sink.largestWrite(), 65536u);
     }
     KLV::fillItemKey(1);

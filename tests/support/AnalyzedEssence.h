@@ -2,11 +2,6 @@
 
 #include "GenericContainer/EditUnit.h"
 #include "GenericContainer/EssenceAnalyzer.h"
-#include "Metadata/Structural/ContentStorage.h"
-#include "Metadata/Structural/Preface.h"
-#include "Metadata/Structural/Sequence.h"
-#include "Metadata/Structural/SourcePackage.h"
-#include "Metadata/Structural/TimelineTrack.h"
 #include "support/Slices.h"
 #include "support/StructuralMetadata.h"
 

@@ -1,18 +1,7 @@
 #pragma once
 
-#include "Metadata/Structural/ContentStorage.h"
 #include "Metadata/Structural/CreateSet.h"
-#include "Metadata/Structural/DataDefinitionULs.h"
-#include "Metadata/Structural/MaterialPackage.h"
-#include "Metadata/Structural/Preface.h"
 #include "Metadata/Structural/PrefaceHelpers.h"
-#include "Metadata/Structural/Sequence.h"
-#include "Metadata/Structural/SourceClip.h"
-#include "Metadata/Structural/SourcePackage.h"
-#include "Metadata/Structural/TimecodeComponent.h"
-#include "Metadata/Structural/TimelineTrack.h"
-#include "Metadata/Structural/TrackHelpers.h"
-#include "Metadata/Structural/WAVEAudioEssenceDescriptor.h"
 #include "OPBuilders/MaterialPackageProxy.h"
 #include "OPBuilders/TrackProxy.h"
 #include "Platform/WideLiteral.h"

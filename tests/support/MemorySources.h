@@ -7,7 +7,6 @@
 #include "GenericStream/Source.h"
 #include "IndexTables/IndexEntry.h"
 #include "MXFIO/FutureUpdater.h"
-#include "Metadata/Structural/SourcePackage.h"
 #include "support/MXFFile.h"
 #include "support/RootMetadata.h"
 #include "support/Slices.h"

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "Metadata/Structural/ContentStorage.h"
-#include "Metadata/Structural/Preface.h"
 #include "Metadata/Structural/PrefaceHelpers.h"
 #include "support/StructuralMetadata.h"
 

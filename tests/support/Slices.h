@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <atomic>
 #include <deque>
+#include <random>
 
 namespace Vantry { namespace Tests {
 

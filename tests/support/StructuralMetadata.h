@@ -6,8 +6,23 @@
 #include "Metadata/MetadataULs.h"
 #include "Metadata/PartitionDictionary.h"
 #include "Metadata/PartitionMetadata.h"
+#include "Metadata/Structural/CDCIEssenceDescriptor.h"
+#include "Metadata/Structural/ContentStorage.h"
+#include "Metadata/Structural/DataDefinitionULs.h"
+#include "Metadata/Structural/EssenceContainerData.h"
+#include "Metadata/Structural/Identification.h"
+#include "Metadata/Structural/MaterialPackage.h"
+#include "Metadata/Structural/MultipleDescriptor.h"
+#include "Metadata/Structural/Preface.h"
+#include "Metadata/Structural/Sequence.h"
+#include "Metadata/Structural/SourceClip.h"
+#include "Metadata/Structural/SourcePackage.h"
 #include "Metadata/Structural/StructuralMetadataKeyList.h"
 #include "Metadata/Structural/StructuralMetadataKeys.h"
+#include "Metadata/Structural/TimecodeComponent.h"
+#include "Metadata/Structural/TimelineTrack.h"
+#include "Metadata/Structural/TrackHelpers.h"
+#include "Metadata/Structural/WAVEAudioEssenceDescriptor.h"
 #include "Packs/PrimerPack.h"
 #include "Schema/Dictionaries.h"
 #include "Types/Boolean.h"
@@ -44,19 +59,11 @@
 
 namespace Vantry { namespace Tests {
 
-/// 32 bytes, counted up from `first`.
-inline Bytes countedBytes(unsigned char first)
-{
-    Bytes bytes(32);
-    std::iota(bytes.begin(), bytes.end(), first);
-    return bytes;
-}
-
-/// A value of as many of these bytes as it takes.
+/// A value of bytes counted up from `first`, as many as it takes.
 template <class Type>
 Type sample(unsigned char first = 1)
 {
-    return valueOf<Type>(countedBytes(first));
+    return valueOf<Type>(counting(32, first));
 }
 
 /// A label by its version and item bytes, "02 05 20 07 01 08 00 00 00".

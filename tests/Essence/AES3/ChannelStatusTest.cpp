@@ -100,14 +100,7 @@ TEST(ChannelStatus, CodesTheWordLengthByTheUseOfAuxiliaryBits)
 
 TEST(ChannelStatus, CodesTheSamplingFrequency)
 {
-    struct Case
-    {
-        Rate rate;
-        unsigned char byte0, byte4;
-        Rate read;
-    };
-
-    Case const cases[] = {
+    std::tuple<Rate, unsigned char, unsigned char, Rate> const cases[] = {
         {48000, 0x80, 0x00, 48000},
         {44100, 0x40, 0x00, 44100},
         {32000, 0xC0, 0x00, 32000},
@@ -123,12 +116,12 @@ TEST(ChannelStatus, CodesTheSamplingFrequency)
     };
 
     ChannelStatus status;
-    for (Case const & c : cases)
+    for (auto const & [rate, byte0, byte4, read] : cases)
     {
-        status.samplingFrequency(c.rate);
-        EXPECT_EQ(status.data().bytes[0], c.byte0);
-        EXPECT_EQ(status.data().bytes[4], c.byte4);
-        EXPECT_TRUE(status.samplingFrequency() == c.read);
+        status.samplingFrequency(rate);
+        EXPECT_EQ(status.data().bytes[0], byte0);
+        EXPECT_EQ(status.data().bytes[4], byte4);
+        EXPECT_TRUE(status.samplingFrequency() == read);
     }
     for (Rate const & rate : {Rate(48000, 1001), Rate(8000), Rate(48001, 1000)})
         EXPECT_FAILURE(InvalidValue, "Invalid source word length", status.samplingFrequency(rate));

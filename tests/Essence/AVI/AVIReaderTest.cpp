@@ -7,7 +7,6 @@
 #include "support/WaveFile.h"
 
 #include <map>
-#include <random>
 
 namespace Vantry { namespace Tests {
 

@@ -10,7 +10,6 @@
 #include "support/WaveFile.h"
 
 #include <numeric>
-#include <random>
 
 namespace Vantry { namespace Tests {
 
@@ -187,15 +186,7 @@ TEST(S331MMux, CountsSamplesInFives)
 
 TEST(S331M, GivesTheSoundBackThatWentIn)
 {
-    struct Case
-    {
-        char const * name;
-        unsigned int sampleSize;
-        short wordLength;
-        std::vector<unsigned short> streams;
-        unsigned char flags;
-    };
-    Case const cases[] = {
+    std::tuple<char const *, unsigned int, short, std::vector<unsigned short>, unsigned char> const cases[] = {
         {"stereo", 2, 16, {2}, 0x03},
         {"mono pairs", 3, 24, {1, 1, 2, 1, 1}, 0x3F},
         {"eight channels", 3, 24, {8}, 0xFF},
@@ -205,28 +196,28 @@ TEST(S331M, GivesTheSoundBackThatWentIn)
 
     UInt64 const total = 2 * 1920 + 100;
     std::mt19937 random(1);
-    for (Case const & c : cases)
+    for (auto const & [name, sampleSize, wordLength, channelCounts, flags] : cases)
     {
-        SCOPED_TRACE(c.name);
-        unsigned int const count = std::accumulate(c.streams.begin(), c.streams.end(), 0u);
-        std::vector<Bytes> wanted = randomChannels(count, total, c.sampleSize, random);
+        SCOPED_TRACE(name);
+        unsigned int const count = std::accumulate(channelCounts.begin(), channelCounts.end(), 0u);
+        std::vector<Bytes> wanted = randomChannels(count, total, sampleSize, random);
         S331MMux mux(25);
         unsigned int first = 0;
-        for (unsigned short const channels : c.streams)
+        for (unsigned short const channels : channelCounts)
         {
-            addPCM(mux, interleaved(wanted, first, channels, c.sampleSize), channels, c.sampleSize);
+            addPCM(mux, interleaved(wanted, first, channels, sampleSize), channels, sampleSize);
             first += channels;
         }
         Bytes const elements = allElements(mux);
         ASSERT_EQ(elements.size(), 3u * (1920 * 32 + 4));
-        EXPECT_EQ(elements[3], c.flags);
+        EXPECT_EQ(elements[3], flags);
 
         wanted.resize(CHANNELS);
         for (bool const ignore : {false, true})
         {
             for (unsigned int n = 0; n < CHANNELS; ++n)
             {
-                wanted[n].resize(c.flags >> n & 1 ? 3 * total : 0);
+                wanted[n].resize(flags >> n & 1 ? 3 * total : 0);
                 wanted[n] += times(ignore ? hex("000000") : NO_SOUND, 3 * 1920 - wanted[n].size() / 3);
             }
             for (unsigned char const perStream : {1, 2, 4, 8})
@@ -234,8 +225,8 @@ TEST(S331M, GivesTheSoundBackThatWentIn)
                 Sound sound(perStream);
                 sound.ignoreValidChannelFlag(ignore);
                 sound.take(elements, 999);
-                EXPECT_EQ(sound.channelValidFlags(), c.flags);
-                EXPECT_EQ(sound.infos[0], std::make_pair(Rational<int>(48000), c.wordLength));
+                EXPECT_EQ(sound.channelValidFlags(), flags);
+                EXPECT_EQ(sound.infos[0], std::make_pair(Rational<int>(48000), wordLength));
                 for (unsigned int n = 0; n < sound.streams.size(); ++n)
                     EXPECT_TRUE(sound.streams[n] == interleaved(wanted, n * perStream, perStream, 3)) << n;
             }
@@ -329,15 +320,10 @@ TEST(S331MMux, RefusesStreamsThatDoNotGoTogether)
         return mux.read(1);
     };
 
-    struct Case
-    {
-        std::vector<Stream> streams;
-        std::string message;
-    };
     std::string const pairs = "this -> isMonoAudioMixerComplete (): ";
     std::string const info = "lastSourceInfo -> pcmInfo.";
     std::string const differ = "Trying to add mono channels with different ";
-    Case const cases[] = {
+    std::pair<std::vector<Stream>, std::string> const cases[] = {
         {{mono, aes3}, pairs + "A pair of mono audio channels must be provided prior to aes3 essence."},
         {{mono, stereo}, pairs + "A pair of mono audio channels must be provided prior to multiple audio channels."},
         {{mono, mono, mono}, pairs + "Mono audio channels must always be provided in pairs."},
@@ -352,8 +338,8 @@ TEST(S331MMux, RefusesStreamsThatDoNotGoTogether)
         {std::vector<Stream>(9, stereo),
          "initialSources_.size () < MAXIMUM_NUMBER_OF_SOURCES: Trying do add more sources than allowed in S331Mux."},
     };
-    for (Case const & c : cases)
-        EXPECT_FAILURE(OperationNotAllowed, c.message.c_str(), start(c.streams));
+    for (auto const & [mixed, message] : cases)
+        EXPECT_FAILURE(OperationNotAllowed, message.c_str(), start(mixed));
 
     EXPECT_FAILURE(InvalidFormat,
                    "bitsPerSample_ == bitsPerSample: "

@@ -7,8 +7,6 @@
 #include "support/Failure.h"
 #include "support/Slices.h"
 
-#include <random>
-
 namespace Vantry { namespace Tests {
 
 using namespace Essence::JPEG2000;
@@ -78,15 +76,7 @@ TEST(JPEG2000Header, IsReadUpToTheDataOfATilePart)
 
 TEST(JPEG2000Header, RefusesWhatIsNone)
 {
-    struct Case
-    {
-        char const * name;
-        Bytes stream;
-        bool invalid;
-        JPEG2k_STATE state;
-    };
-
-    Case const cases[] = {
+    std::tuple<char const *, Bytes, bool, JPEG2k_STATE> const cases[] = {
         {"nothing", {}, false, STATE_START},
         {"no marker near", repeated(5000, 0) + START, false, STATE_START},
         {"another marker first", hex("FF51 0004 0000"), true, STATE_START},
@@ -96,13 +86,13 @@ TEST(JPEG2000Header, RefusesWhatIsNone)
         {"end ahead of data", START + hex("FFD9 0000"), false, STATE_TILE_DATA},
     };
     CountingBlocks blocks;
-    for (Case const & c : cases)
+    for (auto const & [name, stream, invalid, state] : cases)
     {
-        SCOPED_TRACE(c.name);
-        HeaderOf of(blocks, {c.stream});
+        SCOPED_TRACE(name);
+        HeaderOf of(blocks, {stream});
         of.read();
-        EXPECT_EQ(of.invalid, c.invalid);
-        EXPECT_EQ(of.state, c.state);
+        EXPECT_EQ(of.invalid, invalid);
+        EXPECT_EQ(of.state, state);
     }
 
     auto const read = [&blocks](Bytes const & stream)

@@ -7,8 +7,6 @@
 #include "support/QueuedBytes.h"
 #include "support/Slices.h"
 
-#include <random>
-
 namespace Vantry { namespace Tests {
 
 using namespace Essence::MPEG;
@@ -100,15 +98,7 @@ TEST(PESParser, GivesThePayloadOfTheFirstStream)
 {
     Bytes const other = pes(0xC0, PTS_OF_1 + counting(200));
 
-    struct Case
-    {
-        char const * name;
-        Bytes stream;
-        Bytes payload;
-        Bytes withSkipped;
-    };
-
-    Case const cases[] = {
+    std::tuple<char const *, Bytes, Bytes, Bytes> const cases[] = {
         {"other streams between packets",
          PACK_HEADER + pes(0xE0, PTS_OF_1 + counting(9)) + other + PACK_HEADER + pes(0xE0, hex("0F A1 A2")) +
              hex("000001B9"),
@@ -128,13 +118,13 @@ TEST(PESParser, GivesThePayloadOfTheFirstStream)
     };
     CountingBlocks blocks;
     std::mt19937 random(4);
-    for (Case const & c : cases)
+    for (auto const & [name, stream, payload, withSkipped] : cases)
         for (UInt64 const longest : {5000, 1, 7})
             for (bool const keepSkipped : {false, true})
             {
-                SCOPED_TRACE(testing::Message() << c.name << ", pieces of " << longest);
-                PESParser parser(pieceSource(blocks, cutAtRandom(c.stream, longest, random)), PLENTY, keepSkipped);
-                EXPECT_EQ(payloadOf(parser), keepSkipped ? c.withSkipped : c.payload);
+                SCOPED_TRACE(testing::Message() << name << ", pieces of " << longest);
+                PESParser parser(pieceSource(blocks, cutAtRandom(stream, longest, random)), PLENTY, keepSkipped);
+                EXPECT_EQ(payloadOf(parser), keepSkipped ? withSkipped : payload);
             }
     EXPECT_EQ(blocks.alive(), 0);
 }

@@ -14,34 +14,26 @@ using Utils::TimeCode;
 
 TEST(S328MHelpers, WriteAndReadTimeCodes)
 {
-    struct Case
-    {
-        TimeCode timeCode;
-        Templates::Rational<int> rate;
-        bool mode;
-        char const * bytes;
-    };
-
-    Case const cases[] = {
+    std::tuple<TimeCode, Templates::Rational<int>, bool, char const *> const cases[] = {
         {{25, 1, 2, 3, 4, false, false}, {25, 1}, true, "04 03 81 00 C0 00 20 00 10"},
         {{60, 23, 59, 59, 29, true, true}, {60000, 1001}, true, "69 D9 AC 91 C0 00 20 00 10"},
         {{50, 10, 11, 12, 13, false, true}, {50, 1}, false, "13 12 88 C8 40 00 20 00 10"},
         {{24, 0, 0, 0, 0, false, false}, {24000, 1001}, true, "00 00 80 00 40 00 20 00 10"},
     };
-    for (Case const & c : cases)
+    for (auto const & [timeCode, rate, mode, bytes] : cases)
     {
-        SCOPED_TRACE(c.bytes);
-        S328M_TIME_CODE code = encodeS328MTimecode(c.timeCode, c.mode);
-        EXPECT_EQ(Bytes(std::begin(code.bytes), std::end(code.bytes)), hex(c.bytes));
+        SCOPED_TRACE(bytes);
+        S328M_TIME_CODE code = encodeS328MTimecode(timeCode, mode);
+        EXPECT_EQ(Bytes(std::begin(code.bytes), std::end(code.bytes)), hex(bytes));
 
         // Binary groups, and marker bits of 0.
         Bytes const others = hex("00 00 80 00 7F FF FF FF F0");
         for (int i = 0; i < 9; ++i)
             code.bytes[i] ^= others[static_cast<std::size_t>(i)];
-        TimeCode const read = decodeS328MTimecode(code, c.rate, c.mode);
-        EXPECT_EQ(read, c.timeCode);
-        EXPECT_EQ(read.frameRate(), c.timeCode.frameRate());
-        EXPECT_EQ(read.fieldPhase(), c.timeCode.fieldPhase());
+        TimeCode const read = decodeS328MTimecode(code, rate, mode);
+        EXPECT_EQ(read, timeCode);
+        EXPECT_EQ(read.frameRate(), timeCode.frameRate());
+        EXPECT_EQ(read.fieldPhase(), timeCode.fieldPhase());
     }
 }
 

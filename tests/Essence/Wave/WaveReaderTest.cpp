@@ -4,8 +4,6 @@
 #include "support/Slices.h"
 #include "support/WaveFile.h"
 
-#include <random>
-
 namespace Vantry { namespace Tests {
 
 using DataIO::SliceSource;
@@ -62,17 +60,9 @@ Bytes drained(Reader & reader, UInt64 size)
 
 TEST(WaveReader, GivesTheDataOfAWave)
 {
-    struct Case
-    {
-        char const * name;
-        Bytes stream;
-        Bytes data;
-        std::string log;
-    };
-
     Bytes const format = waveChunk("fmt ", PCM_FORMAT);
     Bytes const sizes = littleEndian(0, 8) + littleEndian(6, 8) + repeated(12, 0);
-    Case const cases[] = {
+    std::tuple<char const *, Bytes, Bytes, std::string> const cases[] = {
         {"empty stream", {}, {}, ""},
         {"no wave", waveFile({}, "FORM"), {}, ""},
         {"head cut off", waveFile({}).first(11), {}, ""},
@@ -94,15 +84,15 @@ TEST(WaveReader, GivesTheDataOfAWave)
     };
 
     std::mt19937 random(1);
-    for (Case const & c : cases)
+    for (auto const & [name, stream, data, log] : cases)
         for (UInt64 const size : {1, 4, 1000})
         {
-            SCOPED_TRACE(c.name);
+            SCOPED_TRACE(name);
             CountingBlocks blocks;
-            Listening reader(pieces(blocks, cutAtRandom(c.stream, 9, random)));
-            EXPECT_EQ(drained(reader, size), c.data);
-            EXPECT_EQ(reader.absoluteOffset(), c.data.size());
-            EXPECT_EQ(reader.log, c.log);
+            Listening reader(pieces(blocks, cutAtRandom(stream, 9, random)));
+            EXPECT_EQ(drained(reader, size), data);
+            EXPECT_EQ(reader.absoluteOffset(), data.size());
+            EXPECT_EQ(reader.log, log);
             EXPECT_TRUE(reader.state() == WaveReader::STATE_INVALID || reader.endOfStream());
         }
 }

@@ -168,12 +168,7 @@ TEST(Wrapper, RefusesWhatDoesNotFit)
     temporal.isTemporal = true;
     faster.isTemporal = true;
     faster.unitsPerPackage = 2;
-    struct Case
-    {
-        std::vector<MemoryEssence> essence;
-        char const * message;
-    };
-    Case const cases[] = {
+    std::pair<std::vector<MemoryEssence>, char const *> const cases[] = {
         {{invalid}, "isValid: The essence format is invalid"},
         {{temporal, temporal},
          "temporalReordering_ == false: Trying to set two sources with temporal reordoring to the same generic "
@@ -182,12 +177,12 @@ TEST(Wrapper, RefusesWhatDoesNotFit)
          "preEntry.analyzer -> editRate () == rate_: Trying to set an essence analyzer with temporal reordoring and "
          "with editRate different from the content package."},
     };
-    for (Case const & c : cases)
+    for (auto const & [parts, message] : cases)
     {
         Wrapper wrapper(nullptr, label(), 25, {}, 0);
-        for (MemoryEssence const & essence : c.essence)
+        for (MemoryEssence const & essence : parts)
             wrapper.addAnalyzer(make<MemoryPictures>(essence));
-        EXPECT_FAILURE(InvalidFormat, c.message, wrapper.commit());
+        EXPECT_FAILURE(InvalidFormat, message, wrapper.commit());
     }
 
     Wrapper wrapper(nullptr, label(), 25, {}, 0);

@@ -2,11 +2,8 @@
 #include "GenericContainer/S436M/ANCPacketsAnalyzer.h"
 #include "GenericContainer/S436M/VBIDataAnalyzer.h"
 #include "Metadata/Structural/ANCPacketsDescriptor.h"
-#include "Metadata/Structural/MultipleDescriptor.h"
 #include "support/AnalyzedEssence.h"
 #include "support/Failure.h"
-
-#include <random>
 
 namespace Vantry { namespace Tests {
 

@@ -1,13 +1,10 @@
 #include "Analyzers/DVAnalyzer.h"
 
 #include "Analyzers/AVIStream.h"
-#include "Metadata/Structural/CDCIEssenceDescriptor.h"
 #include "support/AVIFile.h"
 #include "support/AnalyzedEssence.h"
 #include "support/DVFrame.h"
 #include "support/Failure.h"
-
-#include <random>
 
 namespace Vantry { namespace Tests {
 

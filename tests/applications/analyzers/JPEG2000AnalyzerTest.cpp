@@ -1,6 +1,5 @@
 #include "Analyzers/JPEG2000Analyzer.h"
 
-#include "Metadata/Structural/CDCIEssenceDescriptor.h"
 #include "Metadata/Structural/JPEG2000PictureSubDescriptor.h"
 #include "Metadata/Structural/RGBAEssenceDescriptor.h"
 #include "support/AnalyzedEssence.h"

@@ -7,7 +7,6 @@
 #include "support/MPEGVideo.h"
 
 #include <memory>
-#include <random>
 #include <sstream>
 
 namespace Vantry { namespace Tests {
@@ -33,15 +32,8 @@ protected:
 
 TEST_F(MPEG2VideoAnalyzerTest, TellsTheOrderAndTheKindOfPictures)
 {
-    struct Case
-    {
-        char const * name;
-        std::vector<Bytes> frames;
-        std::vector<int> flags, temporalOffsets;
-    };
-
     Bytes const userData = hex("000001B2 414243 0000");
-    Case const cases[] = {
+    std::tuple<char const *, std::vector<Bytes>, std::vector<int>, std::vector<int>> const cases[] = {
         {"intra",
          {SEQUENCE + CLOSED + picture(1, 0), OPEN + picture(1, 0), SEQUENCE + picture(1, 1)},
          {0xC0, 0x80, 0xC0},
@@ -64,21 +56,21 @@ TEST_F(MPEG2VideoAnalyzerTest, TellsTheOrderAndTheKindOfPictures)
          {0xC0, 0x33},
          {0, 1}},
     };
-    for (Case const & c : cases)
+    for (auto const & [name, frames, flags, temporalOffsets] : cases)
         for (UInt64 longest : {1, 3, 1000})
         {
-            SCOPED_TRACE(c.name);
+            SCOPED_TRACE(name);
             Bytes stream;
-            for (Bytes const & frame : c.frames)
+            for (Bytes const & frame : frames)
                 stream += frame;
             std::vector<Unit> const units = unitsOf(analyze(hex("00 00 00") + stream, longest));
-            ASSERT_EQ(units.size(), c.frames.size());
+            ASSERT_EQ(units.size(), frames.size());
             EXPECT_TRUE(analyzer_->done());
             for (std::size_t i = 0; i < units.size(); ++i)
             {
-                EXPECT_EQ(units[i].data, c.frames[i]) << i;
-                EXPECT_EQ(units[i].flags, c.flags[i]) << i;
-                EXPECT_EQ(units[i].temporalOffset, c.temporalOffsets[i]) << i;
+                EXPECT_EQ(units[i].data, frames[i]) << i;
+                EXPECT_EQ(units[i].flags, flags[i]) << i;
+                EXPECT_EQ(units[i].temporalOffset, temporalOffsets[i]) << i;
                 EXPECT_EQ(units[i].duration, Rate(1, 25));
             }
         }

@@ -6,7 +6,6 @@
 #include "support/Failure.h"
 #include "support/WaveFile.h"
 
-#include <random>
 #include <sstream>
 
 namespace Vantry { namespace Tests {
@@ -77,40 +76,33 @@ TEST(SampleCadence, KeepsSoundBesideThePicture)
 
 TEST_F(WaveAnalyzerTest, CutsSoundByTheCadence)
 {
-    struct Case
-    {
-        unsigned channels, bits;
-        Rate rate;
-        std::vector<unsigned> samples;
-    };
-
-    Case const cases[] = {
+    std::tuple<unsigned, unsigned, Rate, std::vector<unsigned>> const cases[] = {
         {1, 16, 25, {1920, 1920}},
         {2, 20, 50, {960, 960, 960}},
         {8, 24, Rate(30000, 1001), {1602, 1601, 1602, 1601, 1602, 1602}},
         {3, 32, Rate(60000, 1001), {801, 801, 800}},
         {1, 8, Rate(100, 3), {1440, 1440}},
     };
-    for (Case const & c : cases)
+    for (auto const & [channels, bits, rate, samples] : cases)
     {
-        unsigned const block = c.channels * ((c.bits + 7) / 8);
-        Bytes const sound = counting(std::accumulate(c.samples.begin(), c.samples.end(), 0u) * block, 1);
-        WaveAnalyzer & analyzer = analyze(wave(format(c.channels, c.bits, 48000), sound), c.rate);
+        unsigned const block = channels * ((bits + 7) / 8);
+        Bytes const sound = counting(std::accumulate(samples.begin(), samples.end(), 0u) * block, 1);
+        WaveAnalyzer & analyzer = analyze(wave(format(channels, bits, 48000), sound), rate);
         EXPECT_FALSE(analyzer.done());
-        EXPECT_EQ(analyzer.getDuration(), Rate(int(c.samples.size())) / c.rate);
-        EXPECT_EQ(analyzer.channelsInStream(), c.channels);
+        EXPECT_EQ(analyzer.getDuration(), Rate(int(samples.size())) / rate);
+        EXPECT_EQ(analyzer.channelsInStream(), channels);
 
         std::vector<Unit> const units = unitsOf(analyzer);
-        ASSERT_EQ(units.size(), c.samples.size());
+        ASSERT_EQ(units.size(), samples.size());
         EXPECT_EQ(bytesOf(units), sound);
         for (std::size_t i = 0; i < units.size(); ++i)
         {
-            EXPECT_EQ(units[i].data.size(), c.samples[i] * block);
-            EXPECT_EQ(units[i].duration, Rate(int(c.samples[i]), 48000));
+            EXPECT_EQ(units[i].data.size(), samples[i] * block);
+            EXPECT_EQ(units[i].duration, Rate(int(samples[i]), 48000));
         }
         EXPECT_TRUE(analyzer.done());
-        EXPECT_EQ(analyzer.isCBE(), c.rate.denominator() != 1001);
-        EXPECT_EQ(analyzer.boundedEditUnitSize(), c.samples[0] * block);
+        EXPECT_EQ(analyzer.isCBE(), rate.denominator() != 1001);
+        EXPECT_EQ(analyzer.boundedEditUnitSize(), samples[0] * block);
     }
 }
 

@@ -75,24 +75,18 @@ Bytes descriptor(unsigned int number, std::vector<unsigned int> const & owned)
 
 TEST(HostileMetadata, OwnedTwiceIsWrittenByKeyAlone)
 {
-    struct Case
-    {
-        char const * name;
-        Bytes sets;
-        char const * culprit;
-    };
-    Case const CASES[] = {
+    std::tuple<char const *, Bytes, char const *> const CASES[] = {
         {"in a ring", descriptor(4, {5}) + descriptor(5, {4}), "04"},
         {"through the top", descriptor(4, {2}), "02"},
         {"by two", descriptor(4, {5, 6}) + descriptor(5, {7}) + descriptor(6, {7}) + descriptor(7, {}), "07"},
     };
-    for (Case const & c : CASES)
+    for (auto const & [name, sets, culprit] : CASES)
     {
-        SCOPED_TRACE(c.name);
-        HeaderMetadata const header(primer() + tree(4) + c.sets);
+        SCOPED_TRACE(name);
+        HeaderMetadata const header(primer() + tree(4) + sets);
         std::string const message =
             std::string("Circular reference for this instanceUID: ee.ee.ee.ee.ee.ee.ee.ee.ee.ee.ee.ee.00.00.00.") +
-            c.culprit;
+            culprit;
         for (Order const order : ORDERS)
             if (order != Order::PrefaceFirst)
                 EXPECT_FAILURE(InvalidFormat, message.c_str(), header.written(order));

@@ -138,12 +138,7 @@ TEST(Schema, TakesWhatAFileAddsAndReplaces)
 
 TEST(Schema, NamesFileEntryAndFieldOfAFault)
 {
-    struct Case
-    {
-        char const * text;
-        char const * message;
-    };
-    Case const cases[] = {
+    std::pair<char const *, char const *> const cases[] = {
         {"[]", "f: must be an object"},
         {R"({"element": {}})", "f, field 'element': is not known"},
         {R"({"elements": {"e": {"type": "UInt8"}}})", "f: element 'e', field 'label': is missing"},
@@ -169,19 +164,19 @@ TEST(Schema, NamesFileEntryAndFieldOfAFault)
          "f: set 's', field 'attributes': there is no element 'nothing'"},
     };
 
-    for (Case const & c : cases)
+    for (auto const & [text, message] : cases)
     {
-        SCOPED_TRACE(c.text);
+        SCOPED_TRACE(text);
         try
         {
             Definition definition(builtInTables());
-            definition.addText(c.text, "f");
+            definition.addText(text, "f");
             definition.tables();
             ADD_FAILURE() << "no failure";
         }
         catch (SchemaError const & error)
         {
-            EXPECT_STREQ(error.what(), c.message);
+            EXPECT_STREQ(error.what(), message);
         }
     }
 

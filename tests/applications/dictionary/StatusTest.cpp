@@ -8,9 +8,6 @@
 #include "Metadata/PartitionMetadataUtils.h"
 #include "Metadata/ReferenceElement.h"
 #include "Metadata/SimpleElement.h"
-#include "Metadata/Structural/CDCIEssenceDescriptor.h"
-#include "Metadata/Structural/EssenceContainerData.h"
-#include "Metadata/Structural/MultipleDescriptor.h"
 #include "Metadata/Structural/StructuralMetadataULs.h"
 #include "Metadata/Visitors/NonConstElementVisitor.h"
 #include "OPBuilders/GenericOPBuilder.h"
@@ -130,13 +127,7 @@ void takeAway(PartitionMetadata & metadata, Types::UniversalLabel const & label)
 TEST(Status, FollowsWhatIsThere)
 {
     using namespace StructuralMetadataULs;
-    struct Case
-    {
-        char const * name;
-        std::vector<Types::UniversalLabel> gone;
-        Status status;
-    };
-    Case const CASES[] = {
+    std::tuple<char const *, std::vector<Types::UniversalLabel>, Status> const CASES[] = {
         {"whole", {}, Status::CLOSED_COMPLETE},
         {"required value", {operationalPattern()}, Status::OPEN_COMPLETE},
         {"required reference", {sequence()}, Status::OPEN_COMPLETE},
@@ -151,14 +142,14 @@ TEST(Status, FollowsWhatIsThere)
         {"required in most clips", {sourcePackageID(), sourceTrackID()}, Status::CLOSED_COMPLETE},
         {"optional", {primaryPackage(), generationUID()}, Status::CLOSED_COMPLETE},
     };
-    for (Case const & c : CASES)
+    for (auto const & [name, gone, status] : CASES)
     {
-        SCOPED_TRACE(c.name);
+        SCOPED_TRACE(name);
         Programme programme;
-        for (Types::UniversalLabel const & label : c.gone)
+        for (Types::UniversalLabel const & label : gone)
             takeAway(programme.metadata, label);
-        EXPECT_EQ(programme.status(), c.status);
-        bool const complete = c.status == Status::OPEN_COMPLETE || c.status == Status::CLOSED_COMPLETE;
+        EXPECT_EQ(programme.status(), status);
+        bool const complete = status == Status::OPEN_COMPLETE || status == Status::CLOSED_COMPLETE;
         EXPECT_EQ(programme.status(false), complete ? Status::OPEN_COMPLETE : Status::OPEN_INCOMPLETE);
     }
 }

@@ -236,15 +236,9 @@ TEST_F(D10Test, TakesDamagedSoundAsFarAsItGoes)
     auto const first = std::search(file.begin(), file.end(), key.begin(), key.end());
     auto const second = std::search(first + 1, file.end(), key.begin(), key.end());
 
-    struct Case
-    {
-        std::ptrdiff_t place; // behind the second element's length
-        unsigned char byte;
-        int status;
-        char const * errors;
-        std::size_t missing; // samples
-    };
-    Case const CASES[] = {
+    // place: behind the second element's length
+    // missing: samples
+    std::tuple<std::ptrdiff_t, unsigned char, int, char const *, std::size_t> const CASES[] = {
         {0, 0xFF, 0, "", 0}, // no channel status
         {1, 0x7F, 0, "", 1}, // 1919 samples
         {1, 0x82, 3, "an element of eight-channel sound has 1920 samples in place of 1922; 0 edit units are missing",
@@ -253,16 +247,16 @@ TEST_F(D10Test, TakesDamagedSoundAsFarAsItGoes)
          "channel 3 has sound that begins later than the others', and isn't written; 0 edit units are missing", 0},
         {7, 0x10, 0, "", 0}, // marked as no sound
     };
-    for (Case const & c : CASES)
+    for (auto const & [place, byte, status, errors, missing] : CASES)
     {
-        SCOPED_TRACE(c.place);
+        SCOPED_TRACE(place);
         Bytes damaged = file;
-        damaged[UInt64(second - file.begin() + 20 + c.place)] = c.byte;
+        damaged[UInt64(second - file.begin() + 20 + place)] = byte;
         bench->scratch.write("d.mxf", damaged);
         Ended const ended = bench->vantry("unwrap --force d.mxf -o damaged --track 3");
-        EXPECT_EQ(ended.status, c.status);
-        EXPECT_EQ(ended.errors, *c.errors == 0 ? "" : std::string("vantry: d.mxf: ") + c.errors + "\n");
-        EXPECT_EQ(bench->bytes("damaged/d_3.wav").size(), whole.size() - 4 * c.missing);
+        EXPECT_EQ(ended.status, status);
+        EXPECT_EQ(ended.errors, *errors == 0 ? "" : std::string("vantry: d.mxf: ") + errors + "\n");
+        EXPECT_EQ(bench->bytes("damaged/d_3.wav").size(), whole.size() - 4 * missing);
     }
 }
 
@@ -286,14 +280,8 @@ TEST_F(D10Test, RefusesWhatIsNotD10)
     large.insert(large.begin() + 2 * usual.pictureSize, 9, 0);
     bench->scratch.write("large.m2v", large);
 
-    struct Case
-    {
-        char const * arguments;
-        int status;
-        char const * problem;
-    };
     // clang-format off
-    Case const CASES[] = {
+    std::tuple<char const *, int, char const *> const CASES[] = {
         {"long.m2v stereo.wav",               1, "long.m2v: The picture at byte 150000 is predicted, and D-10 has intra pictures alone"},
         {"420.m2v stereo.wav",                1, "420.m2v: MPEG-2 video of another profile isn't D-10, which is of the 4:2:2 profile at main level"},
         {"progressive.m2v stereo.wav",        1, "progressive.m2v: MPEG-2 video of a progressive sequence isn't D-10, which is interlaced"},
@@ -317,12 +305,12 @@ TEST_F(D10Test, RefusesWhatIsNotD10)
     };
     // clang-format on
     std::filesystem::remove(bench->scratch.path() / "w.mxf");
-    for (Case const & c : CASES)
+    for (auto const & [arguments, status, problem] : CASES)
     {
-        SCOPED_TRACE(c.arguments);
-        Ended const ended = bench->vantry("wrap --d10 -o w.mxf " + std::string(c.arguments));
-        EXPECT_EQ(ended.status, c.status);
-        EXPECT_EQ(ended.errors, std::string("vantry: ") + c.problem + "\n");
+        SCOPED_TRACE(arguments);
+        Ended const ended = bench->vantry("wrap --d10 -o w.mxf " + std::string(arguments));
+        EXPECT_EQ(ended.status, status);
+        EXPECT_EQ(ended.errors, std::string("vantry: ") + problem + "\n");
         EXPECT_FALSE(std::filesystem::exists(bench->scratch.path() / "w.mxf"));
     }
 }

@@ -210,12 +210,7 @@ TEST(Dump, TellsWhatIsInPacks)
 TEST(Dump, HoldsItsGroundOnWhatNobodyWouldWrite)
 {
     std::string const KEY = "06 0E 2B 34 01 01 01 01 0F 00 00 80 00 00 00 00";
-    struct Case
-    {
-        char const * name;
-        Bytes file;
-    };
-    Case const CASES[] = {
+    std::pair<char const *, Bytes> const CASES[] = {
         {"the start of a key ahead of a key", hex("06 0E 2B 34 01" + KEY + "01 00")},
         {"a stretch of keys without length", hex("06 0E 2B 34 01" + KEY + KEY + KEY)},
         {"a length near the end of numbers", hex(KEY + "88 FF FF FF FF FF FF FF FF 00")},
@@ -226,8 +221,8 @@ TEST(Dump, HoldsItsGroundOnWhatNobodyWouldWrite)
     };
 
     ScratchFolder const scratch;
-    for (Case const & c : CASES)
-        check(scratch, c.name, c.file);
+    for (auto const & [name, file] : CASES)
+        check(scratch, name, file);
 
     // Garbage that straddles the edges of the buffers.
     for (std::size_t edge : {16384, 262144, 262208})

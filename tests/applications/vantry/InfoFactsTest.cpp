@@ -3,16 +3,7 @@
 
 #include "FileReport.h"
 #include "IndexTables/IndexEntry.h"
-#include "Metadata/Structural/ContentStorage.h"
-#include "Metadata/Structural/DataDefinitionULs.h"
-#include "Metadata/Structural/EssenceContainerData.h"
 #include "Metadata/Structural/GenericPictureEssenceDescriptor.h"
-#include "Metadata/Structural/Preface.h"
-#include "Metadata/Structural/Sequence.h"
-#include "Metadata/Structural/SourcePackage.h"
-#include "Metadata/Structural/TimecodeComponent.h"
-#include "Metadata/Structural/TimelineTrack.h"
-#include "Metadata/Structural/TrackHelpers.h"
 #include "Output.h"
 #include "PlainFilePage.h"
 #include "support/IndexSegments.h"
@@ -48,7 +39,7 @@ Bytes metadata(char const * container = FRAME_WRAPPED, Int64 duration = UNITS, b
     auto & preface = made.make<Structural::Preface>();
     auto & storage = made.make<Structural::ContentStorage>();
     auto & package = made.make<Structural::SourcePackage>();
-    Types::UMID32 const umid(countedBytes(1).data());
+    Types::UMID32 const umid(counting(32, 1).data());
     package.packageUID(&umid);
     preface.contentStorage(&storage);
     storage.appendPackage(&package);

@@ -181,14 +181,7 @@ TEST(Info, ReadsWhatThereIsOfDamagedMetadata)
     std::string const TWO = "eeeeeeee-eeee-eeee-eeee-eeee00000002";
     Bytes const storage = packet(CONTENT_STORAGE, instance(2));
     Bytes const whole = file(PRIMER + preface(1, 2) + storage);
-    struct Case
-    {
-        char const * name;
-        Bytes file;
-        unsigned sets;
-        std::vector<std::string> warnings;
-    };
-    Case const CASES[] = {
+    std::tuple<char const *, Bytes, unsigned, std::vector<std::string>> const CASES[] = {
         {"nothing is wrong", whole, 2, {}},
         {"no metadata", partition(0), 0, {"there are no header metadata in this partition"}},
         {"no primer pack",
@@ -230,15 +223,15 @@ TEST(Info, ReadsWhatThereIsOfDamagedMetadata)
     };
 
     ScratchFolder const scratch;
-    for (Case const & c : CASES)
+    for (auto const & [name, bytes, sets, warnings] : CASES)
     {
-        SCOPED_TRACE(c.name);
-        scratch.write("file", c.file);
+        SCOPED_TRACE(name);
+        scratch.write("file", bytes);
         Ended const ended = runVantry(scratch, "info --metadata --json file");
         EXPECT_EQ(ended.status, 0) << ended.errors;
         Json const page = Json::parse(ended.output);
-        EXPECT_EQ(page["sets"].size(), c.sets);
-        EXPECT_EQ(page["warnings"].get<std::vector<std::string>>(), c.warnings);
+        EXPECT_EQ(page["sets"].size(), sets);
+        EXPECT_EQ(page["warnings"].get<std::vector<std::string>>(), warnings);
     }
 }
 
@@ -278,13 +271,7 @@ TEST(Info, EndsWithAStatusAndALine)
     scratch.write("primer", PRIMER);
     scratch.write("index", packet("06 0E 2B 34 02 53 01 01 0D 01 02 01 01 10 01 00", hex("3F07 0004 00000001")));
 
-    struct Case
-    {
-        char const * arguments;
-        int status;
-        char const * errors;
-    };
-    Case const CASES[] = {
+    std::tuple<char const *, int, char const *> const CASES[] = {
         {"info fill", 1, "vantry: fill: there is no partition at its start\n"},
         {"info late", 1, "vantry: late: there is no partition at its start\n"},
         {"info zeros", 1, "vantry: zeros: there is no partition at its start\n"},
@@ -295,12 +282,12 @@ TEST(Info, EndsWithAStatusAndALine)
          "vantry: /dev/null: is no plain file, and this command reads here and there\n"},
         {"info --metadata missing", 1, "vantry: missing: can't be opened: No such file or directory\n"},
     };
-    for (Case const & c : CASES)
+    for (auto const & [arguments, status, errors] : CASES)
     {
-        SCOPED_TRACE(c.arguments);
-        Ended const ended = runVantry(scratch, c.arguments);
-        EXPECT_EQ(ended.status, c.status);
-        EXPECT_EQ(ended.errors, c.errors);
+        SCOPED_TRACE(arguments);
+        Ended const ended = runVantry(scratch, arguments);
+        EXPECT_EQ(ended.status, status);
+        EXPECT_EQ(ended.errors, errors);
         EXPECT_EQ(ended.output, "");
     }
 }

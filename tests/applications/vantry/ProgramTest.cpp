@@ -38,14 +38,7 @@ TEST(Program, EndsWithAStatusAndAtMostOneLine)
     std::filesystem::create_directory(scratch.path() / "folder");
     ASSERT_EQ(mkfifo((scratch.path() / "pipe").c_str(), 0600), 0);
 
-    struct Case
-    {
-        char const * arguments;
-        int status;
-        char const * errors;
-    };
-
-    Case const CASES[] = {
+    std::tuple<char const *, int, char const *> const CASES[] = {
         {"dump fill", 0, ""},
         {"dump --json --quiet --dictionary schema -- fill", 0, ""},
         {R"(dump --json --dictionary schema my-set | grep -qF '"name": "My\u000a\"Set\""')", 0, ""},
@@ -84,13 +77,13 @@ TEST(Program, EndsWithAStatusAndAtMostOneLine)
         {"dump no-packet", 3, "vantry: no-packet: there is no packet from offset 0 to the end\n"},
     };
 
-    for (Case const & c : CASES)
+    for (auto const & [arguments, status, errors] : CASES)
     {
-        SCOPED_TRACE(c.arguments);
-        Ended const ended = runVantry(scratch, c.arguments);
-        EXPECT_EQ(ended.status, c.status);
-        EXPECT_EQ(ended.errors, c.errors);
-        EXPECT_TRUE(c.status == 0 || c.status == 3 || ended.output.empty()) << ended.output;
+        SCOPED_TRACE(arguments);
+        Ended const ended = runVantry(scratch, arguments);
+        EXPECT_EQ(ended.status, status);
+        EXPECT_EQ(ended.errors, errors);
+        EXPECT_TRUE(status == 0 || status == 3 || ended.output.empty()) << ended.output;
     }
 }
 

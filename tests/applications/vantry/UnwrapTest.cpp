@@ -217,15 +217,8 @@ TEST(Unwrap, KeepsFilesAndLeavesNothingHalfDone)
     ScratchFolder const scratch;
     make(scratch, PICTURE + SOUND + "-c:v mpeg2video -c:a pcm_s16le -f mxf");
 
-    struct Case
-    {
-        char const * arguments;
-        int status;
-        char const * problem;
-        std::vector<std::string> left;
-    };
     // clang-format off
-    Case const CASES[] = {
+    std::tuple<char const *, int, char const *, std::vector<std::string>> const CASES[] = {
         {"a.mxf -o out --track 3",            0, "",                                           {"a_3.wav"}},
         {"a.mxf -o out",                      1, "out/a_3.wav: is there already, and kept without --force", {"a_3.wav"}},
         {"a.mxf -o out --force",              0, "",                                           {"a_2.m2v", "a_3.wav"}},
@@ -241,17 +234,17 @@ TEST(Unwrap, KeepsFilesAndLeavesNothingHalfDone)
         {"none.mxf -o new",                   1, "none.mxf: can't be opened: No such file or directory", {}},
     };
     // clang-format on
-    for (Case const & c : CASES)
+    for (auto const & [arguments, status, problem, left] : CASES)
     {
-        SCOPED_TRACE(c.arguments);
-        Ended const ended = runVantry(scratch, std::string("unwrap ") + c.arguments);
-        EXPECT_EQ(ended.status, c.status);
-        EXPECT_EQ(std::count(ended.errors.begin(), ended.errors.end(), '\n'), c.status == 0 ? 0 : 1);
-        if (*c.problem != '\0')
+        SCOPED_TRACE(arguments);
+        Ended const ended = runVantry(scratch, std::string("unwrap ") + arguments);
+        EXPECT_EQ(ended.status, status);
+        EXPECT_EQ(std::count(ended.errors.begin(), ended.errors.end(), '\n'), status == 0 ? 0 : 1);
+        if (*problem != '\0')
         {
-            EXPECT_EQ(ended.errors, std::string("vantry: ") + c.problem + "\n");
+            EXPECT_EQ(ended.errors, std::string("vantry: ") + problem + "\n");
         }
-        EXPECT_EQ(listing(scratch.path() / (c.left.empty() ? "new" : "out")), c.left);
+        EXPECT_EQ(listing(scratch.path() / (left.empty() ? "new" : "out")), left);
     }
 
     ASSERT_EQ(runVantry(scratch, "unwrap a.mxf -o - --track 2 > piped").status, 0);
@@ -285,14 +278,8 @@ TEST(Unwrap, RemovesItsDraftsWhenInterrupted)
 TEST(Unwrap, TakesRealFilesApart)
 {
     VANTRY_NEEDS_SAMPLES();
-    struct Case
-    {
-        char const * sample;
-        int status;
-        char const * result;
-    };
     // clang-format off
-    Case const CASES[] = {
+    std::tuple<char const *, int, char const *> const CASES[] = {
         {"F001_sample.mxf", 0, R"([[2,"picture","a_2.m2v",2,500040],[3,"sound","a_3.wav",2,46148]])"},
         {"F004_oneframe.pcm.mxf", 0, R"([[2,"sound","a_2.wav",1,36068]])"},
         {"F048_8c0c4ebc_mono_sine.mxf", 0, R"([[2,"sound","a_2.wav",44160,88364]])"}, // a clip, labelled as frames
@@ -309,13 +296,13 @@ TEST(Unwrap, TakesRealFilesApart)
         {"F281_ECL29-SINGLE-CPL-CRYPT_TST_S_EN-EN_UK-U_51_2K_DI_20180103_ECL_IOP_OV_audio_01.mxf", 1, "[]"}, // encrypted
     };
     // clang-format on
-    for (Case const & c : CASES)
+    for (auto const & [sample, status, expected] : CASES)
     {
-        SCOPED_TRACE(c.sample);
+        SCOPED_TRACE(sample);
         ScratchFolder const scratch;
-        fs::create_symlink(fs::absolute(sampleFolder() / c.sample), scratch.path() / "a.mxf");
+        fs::create_symlink(fs::absolute(sampleFolder() / sample), scratch.path() / "a.mxf");
         Ended const ended = runVantry(scratch, "unwrap a.mxf -o out --json");
-        EXPECT_EQ(ended.status, c.status) << ended.errors;
+        EXPECT_EQ(ended.status, status) << ended.errors;
 
         Json result = Json::array();
         for (Json const & track : ended.output.empty() ? Json::array() : Json::parse(ended.output))
@@ -324,7 +311,7 @@ TEST(Unwrap, TakesRealFilesApart)
             for (auto const & member : track)
                 result.back().push_back(member);
         }
-        EXPECT_EQ(result, Json::parse(c.result));
+        EXPECT_EQ(result, Json::parse(expected));
     }
 }
 

@@ -61,13 +61,7 @@ void makeInputs(Bench const & bench)
                                        hex("0001 000B 01 04 0005 00000008 00000001 6161 02 0304 000000"));
 }
 
-struct Golden
-{
-    char const * arguments;
-    char const * checksum;
-};
-
-Golden const GOLDENS[] = {
+std::pair<char const *, char const *> const GOLDENS[] = {
     {"groups.m2v tone.wav packets", "6eb83d0c2cc5b4e2"},
     {"groups.m2v tone.wav tone.wav --partition-every 5 --index-in body --kag 1", "c93f7552d476b7f6"},
     {"pictures tone.wav --edit-rate 30000/1001 --no-rip", "55a5571bd8f1d92c"},
@@ -121,11 +115,11 @@ TEST(WrapGolden, TheSameInputGivesTheseBytes)
 {
     Bench const bench;
     makeInputs(bench);
-    for (Golden const & golden : GOLDENS)
+    for (auto const & [arguments, checksum] : GOLDENS)
     {
-        bench.run("wrap --force --deterministic -o w.mxf " + std::string(golden.arguments));
-        EXPECT_EQ(checksumOf(bench.bytes("w.mxf")), golden.checksum) << golden.arguments;
-        EXPECT_EQ(bench.faults("w.mxf"), std::vector<std::string>()) << golden.arguments;
+        bench.run("wrap --force --deterministic -o w.mxf " + std::string(arguments));
+        EXPECT_EQ(checksumOf(bench.bytes("w.mxf")), checksum) << arguments;
+        EXPECT_EQ(bench.faults("w.mxf"), std::vector<std::string>()) << arguments;
     }
 }
 

@@ -303,14 +303,7 @@ TEST_F(WrapTest, RefusesWhatItCannotDo)
     bench->scratch.write("text", repeated(100, 'a'));
     bench->scratch.write("there.mxf", {});
 
-    struct Refusal
-    {
-        std::string arguments;
-        int status;
-        std::string message;
-    };
-
-    Refusal const refusals[] = {
+    std::tuple<std::string, int, std::string> const refusals[] = {
         {"huge.m2v", 1, "huge.m2v: edit unit 0 has "},
         {"cut.wav", 1, "cut.wav: The wave stream ends at byte 100000, "},
         {"long.m2v nine.wav", 1, "nine.wav: has 9 channels, and a track takes 8 at most"},
@@ -346,13 +339,13 @@ TEST_F(WrapTest, RefusesWhatItCannotDo)
         {"mono.wav mono.wav --wrapping clip", 2, "x.mxf: --wrapping clip takes one input, these are 2"},
         {"mono.wav --wrapping clip --partition-every 9", 2, "x.mxf: --partition-every doesn't go with a clip"},
     };
-    for (Refusal const & refusal : refusals)
+    for (auto const & [arguments, status, message] : refusals)
     {
-        SCOPED_TRACE(refusal.arguments);
-        bool const namesOutput = refusal.arguments.find("-o") != std::string::npos;
-        Ended const ended = bench->vantry("wrap " + refusal.arguments + (namesOutput ? "" : " -o x.mxf"));
-        EXPECT_EQ(ended.status, refusal.status);
-        EXPECT_EQ(ended.errors.substr(0, 8 + refusal.message.size()), "vantry: " + refusal.message);
+        SCOPED_TRACE(arguments);
+        bool const namesOutput = arguments.find("-o") != std::string::npos;
+        Ended const ended = bench->vantry("wrap " + arguments + (namesOutput ? "" : " -o x.mxf"));
+        EXPECT_EQ(ended.status, status);
+        EXPECT_EQ(ended.errors.substr(0, 8 + message.size()), "vantry: " + message);
         EXPECT_EQ(bench->shell("ls -A | grep -c 'part$' || true"), "0\n") << "drafts are left";
         EXPECT_FALSE(fs::exists(bench->scratch.path() / "x.mxf"));
     }
