@@ -45,29 +45,18 @@ private:
 
 FilePart body(unsigned int packets, UInt64 bodyOffset, unsigned int bodySID = SID)
 {
-    return {BODY,
-            CLOSED,
-            {},
-            essence(packets, PIECE - 20),
-            bodySID,
-            {},
-            0,
-            {},
-            [=](PartitionPack & pack)
-            {
-                pack.bodyOffset(bodyOffset);
-            }};
+    FilePart part{BODY, CLOSED, {}, essence(packets, PIECE - 20), bodySID};
+    part.lie = [=](PartitionPack & pack)
+    {
+        pack.bodyOffset(bodyOffset);
+    };
+    return part;
 }
 
 // A container in four partitions, of different sizes, with others between.
-std::vector<FilePart> const PARTS = {{HEADER},
-                                     body(2, 0),
-                                     body(3, 0, OTHER_SID),
-                                     body(1, 2 * PIECE),
-                                     body(4, 3 * PIECE),
-                                     body(3, 3 * PIECE, OTHER_SID),
-                                     body(2, 7 * PIECE),
-                                     {FOOTER}};
+std::vector<FilePart> const PARTS = {FilePart{HEADER},   body(2, 0),         body(3, 0, OTHER_SID),
+                                     body(1, 2 * PIECE), body(4, 3 * PIECE), body(3, 3 * PIECE, OTHER_SID),
+                                     body(2, 7 * PIECE), FilePart{FOOTER}};
 
 // Bytes of the container and the part that holds each; 0 for none.
 std::pair<UInt64, std::size_t> const PLACES[] = {

@@ -13,18 +13,12 @@ using Packs::PartitionPack;
 // A file of header, body and footer, with `behind` bytes of fill in the footer.
 MXFFile fileWith(UInt64 footerOffset, bool withRIP, UInt64 behind = 0, Bytes const & runIn = {})
 {
-    return MXFFile({{HEADER,
-                     OPEN,
-                     chainMetadata(1),
-                     {},
-                     0,
-                     {},
-                     0,
-                     {},
-                     [footerOffset](PartitionPack & pack)
-                     {
-                         pack.footerPartition(footerOffset);
-                     }},
+    FilePart header{HEADER, OPEN, chainMetadata(1)};
+    header.lie = [footerOffset](PartitionPack & pack)
+    {
+        pack.footerPartition(footerOffset);
+    };
+    return MXFFile({header,
                     {BODY, CLOSED, {}, essence(40, 1000), 1},
                     {FOOTER, CLOSED, chainMetadata(1), behind ? fill(behind) : Bytes()}},
                    withRIP, runIn);

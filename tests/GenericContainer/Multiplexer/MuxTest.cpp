@@ -21,8 +21,6 @@ Types::UniversalLabel label()
     return Types::UniversalLabel(hex("06 0E 2B 34 04 01 01 02 0D 01 03 01 02 04 60 01").data());
 }
 
-using Sizes = std::vector<std::size_t>;
-
 MemoryEssence same(std::size_t count, std::size_t size)
 {
     return MemoryEssence::constant(count, size);
@@ -53,9 +51,23 @@ public:
     }
 
     Container & system(std::size_t count) { return add<MemorySystem>(systemItems(count)); }
-    Container & pictures(Sizes const & sizes) { return add<MemoryPictures>(MemoryEssence::ofSizes(sizes)); }
-    Container & sound(Sizes const & sizes) { return add<MemorySound>(MemoryEssence::ofSizes(sizes)); }
-    Container & data(Sizes const & sizes) { return add<MemoryData>(MemoryEssence::ofSizes(sizes)); }
+    template <class... Sizes>
+    Container & pictures(Sizes... sizes)
+    {
+        return add<MemoryPictures>(MemoryEssence::ofSizes({std::size_t(sizes)...}));
+    }
+
+    template <class... Sizes>
+    Container & sound(Sizes... sizes)
+    {
+        return add<MemorySound>(MemoryEssence::ofSizes({std::size_t(sizes)...}));
+    }
+
+    template <class... Sizes>
+    Container & data(Sizes... sizes)
+    {
+        return add<MemoryData>(MemoryEssence::ofSizes({std::size_t(sizes)...}));
+    }
 
     Container & grid(unsigned int size) { return mux.kagSize(size), *this; }
     Container & package(unsigned int size) { return mux.paddToEditUnit(size), *this; }
@@ -90,22 +102,15 @@ TEST(Mux, LaysOutContentPackagesAndTheirIndex)
         bool fillIsIndexed = false;
     };
     Case const cases[] = {
-        {"elements as they are",
-         [](Container & c) {
-             c.sound({8, 8}).pictures({30, 31});
-         },
-         "P0:30 S0:8 | P0:31 S0:8"},
+        {"elements as they are", [](Container & c) { c.sound(8, 8).pictures(30, 31); }, "P0:30 S0:8 | P0:31 S0:8"},
         {"in the order in which they were added",
-         [](Container & c) { c.sound({8}).pictures({30}).sound({9}).mux.useAnalyzerInputOrderToSortContainer(true); },
+         [](Container & c) { c.sound(8).pictures(30).sound(9).mux.useAnalyzerInputOrderToSortContainer(true); },
          "S0:8 S1:9 P0:30"},
         {"numbers of the caller, and of data",
-         [](Container & c) { c.data({5}).data({6}).add<MemorySound>(same(1, 8), false, 0, 9).sound({9}); },
+         [](Container & c) { c.data(5).data(6).add<MemorySound>(same(1, 8), false, 0, 9).sound(9); },
          "S9:8 S1:9 D2:5 D3:6"},
         {"elements on a grid, where a gap of 14 is too small",
-         [](Container & c) {
-             c.pictures({30, 31}).sound({8, 8}).grid(64);
-         },
-         "P0:30 f78 S0:8 f36 | P0:31 f77 S0:8 f36"},
+         [](Container & c) { c.pictures(30, 31).sound(8, 8).grid(64); }, "P0:30 f78 S0:8 f36 | P0:31 f77 S0:8 f36"},
         {"constant elements on a grid, one of them just so long",
          [](Container & c) { c.add<MemoryPictures>(same(2, 44)).add<MemorySound>(same(2, 50)).grid(64); },
          "P0:44 S0:50 f58 | P0:44 S0:50 f58"},
@@ -128,18 +133,14 @@ TEST(Mux, LaysOutContentPackagesAndTheirIndex)
          {
              MemoryEssence bounded = MemoryEssence::ofSizes({30, 31});
              bounded.bound = 31;
-             c.add<MemoryPictures>(bounded, true).sound({8, 9}).data({5, 6});
+             c.add<MemoryPictures>(bounded, true).sound(8, 9).data(5, 6);
          },
          "P0:30 f21 S0:8 D2:5 | P0:31 f20 S0:9 D2:6", MXFIO::INDEX_AUTOMATIC_WITH_FILL},
         {"items of a size",
-         [](Container & c) {
-             c.system(2).pictures({30, 31}).sound({8, 8}).sound({8, 8}).items(64, 200, 100);
-         },
+         [](Container & c) { c.system(2).pictures(30, 31).sound(8, 8).sound(8, 8).items(64, 200, 100); },
          "X:4 f40 P0:30 f150 S0:8 S1:8 f44 | X:4 f40 P0:31 f149 S0:8 S1:8 f44"},
         {"variable items with their fill in the index",
-         [](Container & c) {
-             c.pictures({30, 31}).sound({8, 9}).items(0, 200, 100);
-         },
+         [](Container & c) { c.pictures(30, 31).sound(8, 9).items(0, 200, 100); },
          "P0:30 f150 S0:8 f72 | P0:31 f149 S0:9 f71", MXFIO::INDEX_AUTOMATIC_WITH_FILL, true},
         {"constant items of a size on a grid",
          [](Container & c)
@@ -149,9 +150,7 @@ TEST(Mux, LaysOutContentPackagesAndTheirIndex)
          },
          "X:4 f104 P0:30 f206 S0:8 S1:8 f72 | X:4 f104 P0:30 f206 S0:8 S1:8 f72"},
         {"content packages of a size, that of items forgotten",
-         [](Container & c) {
-             c.system(2).pictures({30, 31}).sound({8, 8}).items(1, 1, 1).package(200);
-         },
+         [](Container & c) { c.system(2).pictures(30, 31).sound(8, 8).items(1, 1, 1).package(200); },
          "X:4 P0:30 S0:8 f98 | X:4 P0:31 S0:8 f97"},
         {"a content package of one element", [](Container & c) { c.add<MemoryPictures>(same(2, 30)).package(100); },
          "P0:30 f50 | P0:30 f50"},
@@ -172,7 +171,7 @@ TEST(Mux, LaysOutContentPackagesAndTheirIndex)
 TEST(Mux, WritesKeysLengthsAndEssence)
 {
     Container container;
-    container.sound({2}).sound({3}).grid(24);
+    container.sound(2).sound(3).grid(24);
     auto const source = container.mux.commit();
     PulledContainer const pulled(*source);
     EXPECT_EQ(pulled.bytes(), hex("06 0E 2B 34 01 02 01 01 0D 01 03 01 16 02 01 00 83 00 00 02 01 01"
@@ -191,7 +190,7 @@ TEST(Mux, MovesEssenceWithoutACopy)
 {
     std::size_t const size = 400000;
     Container container;
-    container.pictures({size});
+    container.pictures(size);
     auto const & blocks = dynamic_cast<MemoryPictures &>(*container.analyzers[0]).blocks;
     auto const source = container.mux.commit();
     DataIO::Chain chain;
@@ -228,7 +227,7 @@ TEST(Mux, KeepsTimeBetweenAnalyzersOfDifferentRates)
     Case const cases[] = {
         {"sound of whole samples at an NTSC rate",
          [](Container & c) {
-             c.pictures({9, 9, 9, 9}).add<MemorySound>(samples({1602, 1601, 1602, 1601}));
+             c.pictures(9, 9, 9, 9).add<MemorySound>(samples({1602, 1601, 1602, 1601}));
          },
          "P0:9 S0:1 | P0:9 S0:1 | P0:9 S0:1 | P0:9 S0:1",
          {30000, 1001}},
@@ -237,33 +236,26 @@ TEST(Mux, KeepsTimeBetweenAnalyzersOfDifferentRates)
          {
              MemoryEssence twice = MemoryEssence::ofSizes({1, 2, 3, 4, 5, 6});
              twice.unitsPerPackage = 2;
-             c.pictures({9, 9, 9}).add<MemorySound>(twice);
+             c.pictures(9, 9, 9).add<MemorySound>(twice);
          },
          "P0:9 S0:3 | P0:9 S0:7 | P0:9 S0:11"},
         {"essence that starts later",
          [](Container & c) {
-             c.pictures({9, 9, 9}).add<MemorySound>(MemoryEssence::ofSizes({1, 2}), false, {1, 25});
+             c.pictures(9, 9, 9).add<MemorySound>(MemoryEssence::ofSizes({1, 2}), false, {1, 25});
          },
          "P0:9 | P0:9 S0:1 | P0:9 S0:2"},
         {"constant essence that starts later leaves room",
-         [](Container & c) {
-             c.pictures({9, 9}).add<MemorySound>(same(2, 5), true, {1, 25});
-         },
+         [](Container & c) { c.pictures(9, 9).add<MemorySound>(same(2, 5), true, Seconds(1, 25)); },
          "P0:9 f25 | P0:9 S0:5"},
         {"essence that starts earlier",
-         [](Container & c) {
-             c.pictures({9, 9}).add<MemorySound>(same(3, 5), false, {-1, 25});
-         },
+         [](Container & c) { c.pictures(9, 9).add<MemorySound>(same(3, 5), false, Seconds(-1, 25)); },
          "P0:9 S0:10 | P0:9 S0:5"},
-        {"the first that ends ends all",
-         [](Container & c) {
-             c.pictures({9, 9, 9}).sound({1, 2});
-         },
+        {"the first that ends ends all", [](Container & c) { c.pictures(9, 9, 9).sound(1, 2); },
          "P0:9 S0:1 | P0:9 S0:2"},
         {"all go on to the end, a system item as long as the others",
          [](Container & c)
          {
-             c.system(9).pictures({9}).sound({5, 6, 7}).mux.multiplexAllEssence(true);
+             c.system(9).pictures(9).sound(5, 6, 7).mux.multiplexAllEssence(true);
              c.add<MemorySoundOrSilence>(MemoryEssence::ofSizes({4, 4}));
          },
          "X:4 P0:9 S0:5 S1:4 | X:4 P0:0 S0:6 S1:4 | X:4 P0:0 S0:7 S1:1"},
@@ -272,7 +264,7 @@ TEST(Mux, KeepsTimeBetweenAnalyzersOfDifferentRates)
          {
              MemoryEssence early = MemoryEssence::ofSizes({9, 9, 9});
              early.preCharge = Rate(2, 25);
-             c.add<MemoryPictures>(early).add<MemorySoundOrSilence>(MemoryEssence::ofSizes({5})).sound({7});
+             c.add<MemoryPictures>(early).add<MemorySoundOrSilence>(MemoryEssence::ofSizes({5})).sound(7);
          },
          "P0:9 S0:1 S1:0 | P0:9 S0:1 S1:0 | P0:9 S0:5 S1:7"},
         {"nothing to multiplex", [](Container &) {}, ""},
@@ -303,11 +295,11 @@ TEST(Mux, RefusesWhatDoesNotFit)
     EXPECT_FAILURE(InvalidLength,
                    "itemSize > sliceOffset_ - lastItemSliceOffset_: Trying to store more data in the Generic Container "
                    "then the edit unit can hold.",
-                   Container().pictures({80}).items(0, 100, 0).text());
+                   Container().pictures(80).items(0, 100, 0).text());
     EXPECT_FAILURE(InvalidLength, "editUnitFillItemSize >= klLength_: Not enough size to create filler in essence.",
-                   Container().pictures({61}).package(100).text());
+                   Container().pictures(61).package(100).text());
     EXPECT_FAILURE(InvalidLength, "A value of 16777216 bytes has no room in a length field of 4 bytes",
-                   Container().pictures({1 << 24}).text());
+                   Container().pictures(1 << 24).text());
 
     for (bool const inSystem : {false, true})
     {
@@ -337,10 +329,10 @@ TEST(Mux, RefusesWhatDoesNotFit)
                    Container().system(1).system(1));
     Container container;
     for (int i = 0; i < 128; ++i)
-        container.sound({1});
+        container.sound(1);
     EXPECT_FAILURE(IndexOutOfBounds,
                    "sound_.size () <= MAXIMUM_ITEM_COUNT: Trying to add more than SoundAnalyzers than allowed",
-                   container.sound({1}));
+                   container.sound(1));
     EXPECT_FAILURE(InvalidState, "data_.sourcePackage != nullptr: The container has no source package",
                    container.mux.commit()->sourcePackage());
 }
@@ -367,7 +359,7 @@ public:
 TEST(Mux, PassesOnTheFailureOfAnAnalyzer)
 {
     Container container;
-    container.sound({1, 2, 3}).add<FailingPictures>(MemoryEssence::ofSizes({1}));
+    container.sound(1, 2, 3).add<FailingPictures>(MemoryEssence::ofSizes({1}));
     EXPECT_FAILURE(IOError, "the tape is torn", container.text());
     EXPECT_EQ(dynamic_cast<MemorySound &>(*container.analyzers[0]).blocks.alive(), 0);
 

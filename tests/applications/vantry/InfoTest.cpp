@@ -181,45 +181,33 @@ TEST(Info, ReadsWhatThereIsOfDamagedMetadata)
     std::string const TWO = "eeeeeeee-eeee-eeee-eeee-eeee00000002";
     Bytes const storage = packet(CONTENT_STORAGE, instance(2));
     Bytes const whole = file(PRIMER + preface(1, 2) + storage);
-    std::tuple<char const *, Bytes, unsigned, std::vector<std::string>> const CASES[] = {
+    using Strings = std::vector<std::string>;
+    std::tuple<char const *, Bytes, unsigned, Strings> const CASES[] = {
         {"nothing is wrong", whole, 2, {}},
-        {"no metadata", partition(0), 0, {"there are no header metadata in this partition"}},
-        {"no primer pack",
-         file(preface(1, 2) + storage),
-         2,
-         {"the header metadata begin at offset 128 without a primer pack"}},
+        {"no metadata", partition(0), 0, Strings{"there are no header metadata in this partition"}},
+        {"no primer pack", file(preface(1, 2) + storage), 2,
+         Strings{"the header metadata begin at offset 128 without a primer pack"}},
         {"a cut primer pack",
          file(packet("06 0E 2B 34 02 05 01 01 0D 01 02 01 01 05 01 00", hex("00000009 00000012 0000")) + preface(1, 2) +
               storage),
-         2,
-         {"the packet at offset 128 is no primer pack that can be read: Invalid data size in Value"}},
-        {"garbage between sets",
-         file(PRIMER + preface(1, 2) + repeated(5, 7) + storage),
-         2,
-         {"5 bytes at offset 288 are no packet"}},
+         2, Strings{"the packet at offset 128 is no primer pack that can be read: Invalid data size in Value"}},
+        {"garbage between sets", file(PRIMER + preface(1, 2) + repeated(5, 7) + storage), 2,
+         Strings{"5 bytes at offset 288 are no packet"}},
         {"something else between sets",
          file(PRIMER + preface(1, 2) + packet("06 0E 2B 34 01 02 01 01 0D 01 03 01 15 01 05 00", hex("00")) + storage),
-         2,
-         {"the packet at offset 288 is no metadata set"}},
-        {"a cut file",
-         whole.first(whole.size() - FILL.size() - 5),
-         1,
-         {"the packet at offset 288 is cut: 15 of 20 bytes of its value are there",
-          "the file ends within the header metadata: 195 of 200 bytes are there",
-          "Preface eeeeeeee-eeee-eeee-eeee-eeee00000001 owns a set that isn't there: " + TWO}},
-        {"an identifier that is there twice",
-         file(PRIMER + preface(1, 2) + storage + storage),
-         3,
-         {"the instance identifier of ContentStorage " + TWO + " is there twice"}},
-        {"a set that owns itself",
-         file(PRIMER + preface(1, 2) + packet(CONTENT_STORAGE, instance(2) + owns({2}))),
-         2,
-         {"ContentStorage " + TWO + " is owned more than once, or by itself"}},
+         2, Strings{"the packet at offset 288 is no metadata set"}},
+        {"a cut file", whole.first(whole.size() - FILL.size() - 5), 1,
+         Strings{"the packet at offset 288 is cut: 15 of 20 bytes of its value are there",
+                 "the file ends within the header metadata: 195 of 200 bytes are there",
+                 "Preface eeeeeeee-eeee-eeee-eeee-eeee00000001 owns a set that isn't there: " + TWO}},
+        {"an identifier that is there twice", file(PRIMER + preface(1, 2) + storage + storage), 3,
+         Strings{"the instance identifier of ContentStorage " + TWO + " is there twice"}},
+        {"a set that owns itself", file(PRIMER + preface(1, 2) + packet(CONTENT_STORAGE, instance(2) + owns({2}))), 2,
+         Strings{"ContentStorage " + TWO + " is owned more than once, or by itself"}},
         {"a circle that nobody owns",
          file(PRIMER + packet(CONTENT_STORAGE, instance(2) + owns({3})) +
               packet(CONTENT_STORAGE, instance(3) + owns({2}))),
-         2,
-         {"ContentStorage " + TWO + " is owned more than once, or by itself"}},
+         2, Strings{"ContentStorage " + TWO + " is owned more than once, or by itself"}},
     };
 
     ScratchFolder const scratch;
@@ -231,7 +219,7 @@ TEST(Info, ReadsWhatThereIsOfDamagedMetadata)
         EXPECT_EQ(ended.status, 0) << ended.errors;
         Json const page = Json::parse(ended.output);
         EXPECT_EQ(page["sets"].size(), sets);
-        EXPECT_EQ(page["warnings"].get<std::vector<std::string>>(), warnings);
+        EXPECT_EQ(page["warnings"].get<Strings>(), warnings);
     }
 }
 
