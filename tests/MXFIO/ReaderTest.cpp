@@ -114,13 +114,7 @@ TEST(Reader, LoadsARandomIndexPackByTheLastNumberInTheFile)
         return bytes;
     };
 
-    struct Case
-    {
-        char const * name;
-        Bytes bytes;
-        bool loaded;
-    };
-    Case const cases[] = {
+    std::tuple<char const *, Bytes, bool> const cases[] = {
         {"as it should be", good, true},
         {"longer than itself", ending(length + 1), false},
         {"too short for a pack", ending(20), false},
@@ -131,12 +125,12 @@ TEST(Reader, LoadsARandomIndexPackByTheLastNumberInTheFile)
         {"three bytes", repeated(3, 0xFF), false},
         {"nothing", {}, false},
     };
-    for (Case const & c : cases)
+    for (auto const & [name, contents, loaded] : cases)
     {
-        SCOPED_TRACE(c.name);
-        OpenFile open(c.bytes);
-        EXPECT_EQ(open.reader.loadRIP(), c.loaded);
-        EXPECT_EQ(bool(open.reader.rip()), c.loaded);
+        SCOPED_TRACE(name);
+        OpenFile open(contents);
+        EXPECT_EQ(open.reader.loadRIP(), loaded);
+        EXPECT_EQ(bool(open.reader.rip()), loaded);
     }
 }
 

@@ -110,14 +110,8 @@ protected:
 
 TEST_F(MetadataSetTest, KeepsWhatTheFileHolds)
 {
-    struct Case
-    {
-        char const * name;
-        char const * value;
-        char const * written; // null for the same
-        char const * invalid; // why these are there
-    };
-    Case const CASES[] = {
+    // What isn't rewritten is null, and each has the reasons why something in it is invalid.
+    std::tuple<char const *, char const *, char const *, char const *> const CASES[] = {
         {"empty", "", nullptr, ""},
         {"sorted by label", "01 20 0010 00000000000000000000000000000005 01 10 0004 00000007",
          "01 10 0004 00000007 01 20 0010 00000000000000000000000000000005", ""},
@@ -136,14 +130,14 @@ TEST_F(MetadataSetTest, KeepsWhatTheFileHolds)
         {"billions of items", "01 21 0008 FFFFFFFF 00000010", nullptr, "invalid value"},
         {"cut off", "01 32 FFFF 0102", "01 32 0002 0102", "invalid value"},
     };
-    for (Case const & c : CASES)
+    for (auto const & [name, value, rewritten, invalid] : CASES)
     {
-        SCOPED_TRACE(c.name);
+        SCOPED_TRACE(name);
         MetadataSet set = node();
-        Bytes const expected = hex(c.written != nullptr ? c.written : c.value);
-        EXPECT_EQ(reloaded(set, hex(c.value)), packet(nodeKey(), expected));
-        EXPECT_EQ(invalidOf(set), c.invalid);
-        EXPECT_EQ(written(set, false).size() < written(set).size(), *c.invalid != '\0');
+        Bytes const expected = hex(rewritten != nullptr ? rewritten : value);
+        EXPECT_EQ(reloaded(set, hex(value)), packet(nodeKey(), expected));
+        EXPECT_EQ(invalidOf(set), invalid);
+        EXPECT_EQ(written(set, false).size() < written(set).size(), *invalid != '\0');
     }
 
     // Tags that the primer lacks are found in the dictionary, and are known

@@ -21,29 +21,24 @@ Bytes labelOf(OPAtomBuilder const & builder)
 
 TEST(OPAtomBuilder, LabelTellsOfClipsAndTracksAndForgetsNone)
 {
-    struct Case
+    std::tuple<char const *, char const *, unsigned char> const cases[] = {{"a clip", "A1", 0},
+                                                                           {"a part", "A1:2,5", 0},
+                                                                           {"two clips", "A1+A1", 1},
+                                                                           {"two tracks", "A1 A2", 2},
+                                                                           {"both", "A1 A2+A2", 3}};
+    for (auto const & [name, tracks, complexity] : cases)
     {
-        char const * name;
-        char const * tracks;
-        unsigned char complexity;
-    };
-    for (Case const & c : {Case{"a clip", "A1", 0},
-                           {"a part", "A1:2,5", 0},
-                           {"two clips", "A1+A1", 1},
-                           {"two tracks", "A1 A2", 2},
-                           {"both", "A1 A2+A2", 3}})
-    {
-        SCOPED_TRACE(c.name);
+        SCOPED_TRACE(name);
         Building building;
         SourcePackage & source = building.addSource("pst");
-        GenericPackage & package = building.addMaterial(c.tracks).materialPackage();
+        GenericPackage & package = building.addMaterial(tracks).materialPackage();
         building.builder.topLevelFilePackage(source);
         EXPECT_EQ(building.preface.primaryPackage(), &source);
 
         Bytes expected = hex("06 0E 2B 34 04 01 01 02 0D 01 02 01 10 00 00 00");
         EXPECT_EQ(*building.preface.operationalPattern(), Types::UniversalLabel(expected.data()));
         building.builder.update();
-        expected[13] = c.complexity;
+        expected[13] = complexity;
         EXPECT_EQ(labelOf(building.builder), expected);
         EXPECT_EQ(*building.preface.operationalPattern(), Types::UniversalLabel(expected.data()));
         EXPECT_EQ(building.preface.essenceContainersCount(), 1u);

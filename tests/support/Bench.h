@@ -69,4 +69,13 @@ public:
     }
 };
 
+/// Tests around one bench, on which their suite makes the inputs.
+class BenchTest : public testing::Test
+{
+protected:
+    static void TearDownTestSuite() { bench.reset(); }
+
+    static inline std::unique_ptr<Bench> bench;
+};
+
 }}

@@ -43,16 +43,8 @@ Bytes payloadOf(PESParser & parser)
 
 TEST(PESHeader, IsReadInBothForms)
 {
-    struct Case
-    {
-        char const *name, *header;
-        unsigned int size;
-        UInt64 pts;
-        unsigned short packetLength;
-    };
-
     UInt64 const NONE = 99;
-    Case const cases[] = {
+    std::tuple<char const *, char const *, unsigned int, UInt64, unsigned short> const cases[] = {
         {"MPEG-1, none", "0F", 1, NONE, 0},
         {"MPEG-1, stuffing and buffer", "FF FF 60 2E 0F", 5, NONE, 0},
         {"MPEG-1, time stamp of all bits", "FF 2F FF FF FF FF", 6, 0x1FFFFFFFF, 0},
@@ -70,16 +62,16 @@ TEST(PESHeader, IsReadInBothForms)
     CountingBlocks blocks;
     std::mt19937 random(1);
     Bytes const behind = hex("21 FF 21 00 01");
-    for (Case const & c : cases)
+    for (auto const & [name, header, size, wantedPTS, packetLength] : cases)
         for (UInt64 const longest : {100, 1, 3})
         {
-            SCOPED_TRACE(c.name);
-            DataIO::SliceReader reader(pieceSource(blocks, cutAtRandom(hex(c.header) + behind, longest, random)));
+            SCOPED_TRACE(name);
+            DataIO::SliceReader reader(pieceSource(blocks, cutAtRandom(hex(header) + behind, longest, random)));
             header_PACKET packet;
-            packet.packetLength[1] = static_cast<unsigned char>(c.packetLength);
+            packet.packetLength[1] = static_cast<unsigned char>(packetLength);
             UInt64 pts = NONE;
-            EXPECT_EQ(readHeader(reader, longest == 1 || c.packetLength != 0 ? &packet : nullptr, pts), c.size);
-            EXPECT_EQ(pts, c.pts);
+            EXPECT_EQ(readHeader(reader, longest == 1 || packetLength != 0 ? &packet : nullptr, pts), size);
+            EXPECT_EQ(pts, wantedPTS);
             EXPECT_EQ(bytesOf(*reader.read(100)), behind);
         }
 

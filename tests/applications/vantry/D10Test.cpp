@@ -108,7 +108,7 @@ bool hasMediainfo()
     return std::system("mediainfo --Version > /dev/null 2>&1") == 0;
 }
 
-class D10Test : public testing::Test
+class D10Test : public BenchTest
 {
 protected:
     static std::string hashOf(std::string const & arguments) { return bench->ffmpeg("-i " + arguments + " -f md5 -"); }
@@ -117,24 +117,14 @@ protected:
     {
         if (!hasFFmpeg())
             return;
-        bench = new Bench;
+        bench = std::make_unique<Bench>();
         makeSound(*bench, "stereo.wav", 2, "-c:a pcm_s16le", "0.5");
         makeSound(*bench, "left.wav", 1, "-c:a pcm_s16le");
         makeSound(*bench, "right.wav", 1, "-c:a pcm_s16le", "0.1");
         makeSound(*bench, "eight.wav", 8, "-c:a pcm_s24le");
         makePictures(*bench, "good.m2v", FORMATS[4]);
     }
-
-    static void TearDownTestSuite()
-    {
-        delete bench;
-        bench = nullptr;
-    }
-
-    static Bench * bench;
 };
-
-Bench * D10Test::bench = nullptr;
 
 }
 

@@ -3,6 +3,7 @@
 #include "support/FFmpeg.h"
 #include "support/Samples.h"
 #include "support/VantryProgram.h"
+#include "support/WaveFile.h"
 
 #include <nlohmann/json.hpp>
 #include <sstream>
@@ -59,16 +60,6 @@ void make(ScratchFolder const & scratch, std::string const & arguments)
 {
     FFmpegFile const file(arguments);
     fs::copy_file(file.path(), scratch.path() / "a.mxf", fs::copy_options::overwrite_existing);
-}
-
-/// What is in the data chunk of a wave file, which ends it.
-Bytes samplesOf(Bytes const & wave)
-{
-    Bytes const id = {'d', 'a', 't', 'a'};
-    auto const found = std::search(wave.begin(), wave.end(), id.begin(), id.end());
-    auto const start = found + 8;
-    EXPECT_EQ(UInt64(wave.end() - start), found[4] + found[5] * 0x100u + found[6] * 0x10000u);
-    return Bytes(start, wave.end());
 }
 
 /// The essence in an output: of a folder the files one after the other.

@@ -10,13 +10,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// The samples of a wave file without chunks behind them.
-Bytes samplesOf(Bytes const & wave)
-{
-    Bytes const id = {'d', 'a', 't', 'a'};
-    return Bytes(std::search(wave.begin(), wave.end(), id.begin(), id.end()) + 8, wave.end());
-}
-
 Bytes essenceOf(Bench const & bench, std::string const & name)
 {
     if (fs::path(name).extension() == ".wav")
@@ -50,14 +43,14 @@ struct Case
     char const * index;
 };
 
-class WrapTest : public testing::Test
+class WrapTest : public BenchTest
 {
 protected:
     static void SetUpTestSuite()
     {
         if (!hasFFmpeg())
             return;
-        bench = new Bench;
+        bench = std::make_unique<Bench>();
         bench->pictures("long.m2v", "s=720x576:r=25", "-g 12 -bf 2 -flags +ildct+ilme -b:v 6M");
         bench->pictures("closed.m2v", "s=352x288:r=50", "-g 25 -bf 1 -flags +cgop -sc_threshold 1000000000");
         bench->pictures("ntsc.m2v", "s=720x480:r=30000/1001", "-g 15 -bf 2");
@@ -68,17 +61,7 @@ protected:
         bench->sound("five.wav", "-ac 6 -c:a pcm_s24le", "1.99");
         bench->sound("eight.wav", "-ac 8 -c:a pcm_s32le", "2.5");
     }
-
-    static void TearDownTestSuite()
-    {
-        delete bench;
-        bench = nullptr;
-    }
-
-    static Bench * bench;
 };
-
-Bench * WrapTest::bench = nullptr;
 
 // clang-format off
 Case const CASES[] = {
