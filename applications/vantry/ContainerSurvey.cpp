@@ -96,15 +96,34 @@ private:
     bool isAtStart_;
 };
 
+EditRate editRateOf(Templates::Rational<Int64> const & rate)
+{
+    return {static_cast<UInt32>(rate.numerator()), static_cast<UInt32>(rate.denominator())};
+}
+
+/// Whether the only element of a container may be its first of many, as the
+/// file is cut in it or behind it. Tracks that count samples mostly are clips.
+bool mayBeFrame(MXFIO::Reader2 & reader, EssenceContainer const & container, bool isCut)
+{
+    bool const isLabelled = container.wrapping == RP224UniversalLabels::FRAME;
+    if (isCut)
+        return isLabelled;
+    Templates::Rational<Int64> const & rate = container.tracks.front().editRate;
+    bool const isOfSamples = rate > 0 && editRateOf(rate).isOfSamples();
+    if (isOfSamples || !(isLabelled || container.tracks.size() > 1))
+        return false;
+    return ask([&] { return reader.footerPartition(); }) == nullptr;
+}
+
 /// Labels are often wrong, so what follows the first element decides. Where
-/// nothing can follow, because the file ends inside it, the label does, or
-/// whether it is too much sound for an edit unit.
-bool isClip(EssenceContainer const & container, UInt64 length, bool isCut, bool isAlone)
+/// nothing can follow, because the file is cut, the label does, or whether it
+/// is too much sound for an edit unit.
+bool isClip(MXFIO::Reader2 & reader, EssenceContainer const & container, UInt64 length, bool isCut, bool isAlone)
 {
     EssenceTrack const & track = container.tracks.front();
     if (container.wrapping == RP224UniversalLabels::CLIP || !isAlone || track.duration == Int64(1))
         return container.wrapping == RP224UniversalLabels::CLIP;
-    if (!isCut || container.wrapping != RP224UniversalLabels::FRAME)
+    if (!mayBeFrame(reader, container, isCut))
         return true;
 
     Int64 const second = Int64(track.sound.samplesPerSecond) * track.sound.frameSize();
@@ -126,7 +145,7 @@ void lookAtElements(MXFIO::Reader2 & reader, EssenceContainer const & container,
         survey.isClipWrapped = container.wrapping == RP224UniversalLabels::CLIP;
     }
     bool const isAlone = ask([&] { return search.next().get() == nullptr ? 1 : 2; }) != 2;
-    survey.isClipWrapped = isClip(container, length, isCut, isAlone);
+    survey.isClipWrapped = isClip(reader, container, length, isCut, isAlone);
 }
 
 Templates::Rational<Int64> lowestRate(EssenceContainer const & container)
@@ -136,11 +155,6 @@ Templates::Rational<Int64> lowestRate(EssenceContainer const & container)
         if (track.editRate > 0 && (lowest == 0 || track.editRate < lowest))
             lowest = track.editRate;
     return lowest;
-}
-
-EditRate editRateOf(Templates::Rational<Int64> const & rate)
-{
-    return {static_cast<UInt32>(rate.numerator()), static_cast<UInt32>(rate.denominator())};
 }
 
 /// That of the index, unless it can't be.

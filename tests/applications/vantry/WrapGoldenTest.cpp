@@ -99,6 +99,12 @@ std::vector<Values> essenceIn(Bench const & bench, std::string const & file)
     return tracks;
 }
 
+std::size_t elementsAhead(Values const & values, std::size_t place)
+{
+    return std::size_t(
+        std::count_if(values.begin(), values.end(), [&](auto const & value) { return value.second <= place; }));
+}
+
 /// Bytes of a track that lie ahead of a place: whole elements, but any part of
 /// a clip.
 std::size_t bytesAhead(Values const & values, std::size_t place)
@@ -123,8 +129,8 @@ TEST(WrapGolden, TheSameInputGivesTheseBytes)
     }
 }
 
-// Cut within each packet of essence but the first, behind it, and ahead of the
-// footer.
+// Cut within each packet of essence but the first, behind each, and ahead of
+// the footer.
 TEST(WrapGolden, EveryPrefixOpensAndGivesWhatItHolds)
 {
     Bench const bench;
@@ -141,8 +147,9 @@ TEST(WrapGolden, EveryPrefixOpensAndGivesWhatItHolds)
         std::set<std::size_t> places = {bench.info("w.mxf")["partitions"].back()["offset"].get<std::size_t>()};
         for (Values const & values : tracks)
             for (auto const & [start, end] : values)
-                if (isClip || end > tracks[0][0].second)
-                    places.insert({start + (end - start) / 2, end});
+                for (std::size_t const place : {start + (end - start) / 2, end})
+                    if (isClip || place >= tracks[0][0].second)
+                        places.insert(place);
 
         for (std::size_t const place : places)
         {
@@ -160,6 +167,10 @@ TEST(WrapGolden, EveryPrefixOpensAndGivesWhatItHolds)
                 Bytes const got = bench.bytes("cut/" + name);
                 Bytes const all = bench.bytes("whole/w" + name.substr(5));
                 ASSERT_EQ(got.size(), header + bytesAhead(tracks[i], place)) << name;
+                if (!isClip)
+                {
+                    EXPECT_EQ(delivered[i]["edit_units"], elementsAhead(tracks[i], place)) << name;
+                }
                 EXPECT_TRUE(
                     std::equal(got.begin() + std::ptrdiff_t(header), got.end(), all.begin() + std::ptrdiff_t(header)));
             }
