@@ -1,6 +1,7 @@
 #include "WaveStream.h"
 
 #include "Exceptions/InvalidFormat.h"
+#include "Exceptions/NotEnoughData.h"
 #include "Platform/LittleEndian.h"
 
 #include <algorithm>
@@ -30,6 +31,17 @@ bool WaveStream::preload()
         return false;
     checkFormat();
     return true;
+}
+
+void WaveStream::handleFormatChunk(UInt64 length)
+try
+{
+    PCMWaveReader::handleFormatChunk(length);
+}
+catch (Exceptions::NotEnoughData const &)
+{
+    reader().skip(reader().cachedSize()); // the rest that there is
+    refuse("The wave stream ends at " + position() + " in its format");
 }
 
 void WaveStream::handleBroadcastExtensionChunk(UInt64 length)

@@ -18,7 +18,7 @@ public:
     ///
     /// \return false when the stream is no wave
     /// \throws Exceptions::InvalidFormat for a wave of anything but PCM with 1
-    ///         to 32 bits.
+    ///         to 32 bits, and one that ends in its format.
     bool preload() override;
 
     /// Goes to the sound, once preloaded.
@@ -50,6 +50,7 @@ public:
     /// that ahead of it.
     std::optional<UInt64> timeReference() const { return timeReference_; }
 
+    void handleFormatChunk(UInt64 length) override;
     void handleBroadcastExtensionChunk(UInt64 length) override;
     void decodePCMFormat(Essence::Wave::FormatPCMChunk const & format) override;
     void handleDataChunkBegin(UInt64 length) override { length_ = length; }

@@ -214,6 +214,8 @@ TEST_F(WaveAnalyzerTest, RefusesWhatIsNoPCMOrCutOff)
                    load(wave(format(1, 64, 100), counting(8))));
     EXPECT_FAILURE(InvalidFormat, "The wave stream has no channel 2 but 2 channels",
                    load(wave(stereo, counting(8)), 2));
+    EXPECT_FAILURE(InvalidFormat, "The wave stream ends at byte 38 in its format", load(wave(stereo, {}).first(38)));
+    EXPECT_FAILURE(InvalidFormat, "The wave stream ends at byte 53 in its format", load(wave(stereo, {}).first(53)));
     EXPECT_FAILURE(InvalidFormat, "The wave stream ends at byte 54 without sound", load(wave(stereo, {}).first(54)));
     EXPECT_FAILURE(InvalidFormat, "The wave stream ends at byte 70, 12 bytes short of its sound",
                    load(wave(stereo, counting(20)).first(70)));
