@@ -27,6 +27,17 @@ bool isOfKind(KLV::Key const & key, std::string const & kind)
     return kind == "picture" ? item == 5 || item == 8 : kind == "sound" ? item == 6 : item == 7;
 }
 
+bool isOfSystemItem(KLV::Key const & key)
+{
+    return KLV::isEssence(key) && (key[ITEM] & 0x0F) == 4;
+}
+
+/// Whether numbers are the same, or differ in the count of elements alone.
+bool areAlike(unsigned a, unsigned b)
+{
+    return ((a ^ b) & ALL_BUT_COUNT) == 0;
+}
+
 UInt64 saturatedSum(UInt64 a, UInt64 b)
 {
     return a > std::numeric_limits<UInt64>::max() - b ? std::numeric_limits<UInt64>::max() : a + b;
@@ -38,23 +49,32 @@ ContainerUnwrap::ContainerUnwrap(EssenceContainer const & container, ContainerSu
                                  EditUnitRange const & range, Tracks tracks) :
     bodySID_(container.bodySID), duration_(survey.duration), range_(range), tracks_(std::move(tracks))
 {
-    unsigned const number = container.tracks.front().trackNumber;
+    for (EssenceTrack const & track : container.tracks)
+        trackNumbers_.push_back(track.trackNumber);
+    unsigned const number = trackNumbers_.front();
     isOnlyTrack_ = container.tracks.size() == 1 && !(survey.firstKey && elementNumberOf(*survey.firstKey) == number);
 }
 
-UnwrappedTrack * ContainerUnwrap::trackOf(KLV::Packet const & packet) const
+UnwrappedTrack * ContainerUnwrap::trackOf(KLV::Packet const & packet)
 {
     unsigned const number = elementNumberOf(packet.key());
     for (auto const & track : tracks_)
         if (track->track().trackNumber == number)
             return track.get();
     for (auto const & track : tracks_)
-        if (((track->track().trackNumber ^ number) & ALL_BUT_COUNT) == 0)
+        if (areAlike(track->track().trackNumber, number))
             return track.get();
 
     // Some writers don't number the only track, or not as its elements.
     bool const isAnyOfKind = isOnlyTrack_ && isOfKind(packet.key(), tracks_.front()->track().kind);
-    return isAnyOfKind ? tracks_.front().get() : nullptr;
+    if (isAnyOfKind)
+        return tracks_.front().get();
+
+    bool const isOfOther = std::any_of(trackNumbers_.begin(), trackNumbers_.end(),
+                                       [number](unsigned other) { return areAlike(other, number); });
+    if (!strayNumber_ && !isOfOther && !isOfSystemItem(packet.key()))
+        strayNumber_ = number;
+    return nullptr;
 }
 
 std::optional<UInt64> ContainerUnwrap::missing(bool isDamaged) const

@@ -56,12 +56,16 @@ public:
 
     Tracks const & tracks() const { return tracks_; }
 
+    /// The number of the first element that belongs to no track, wanted or not;
+    /// nothing when none came.
+    std::optional<unsigned> const & strayNumber() const { return strayNumber_; }
+
 protected:
     ContainerUnwrap(EssenceContainer const & container, ContainerSurvey const & survey, EditUnitRange const & range,
                     Tracks tracks);
 
     /// The track that an element belongs to; null when it isn't wanted.
-    UnwrappedTrack * trackOf(KLV::Packet const & packet) const;
+    UnwrappedTrack * trackOf(KLV::Packet const & packet);
 
     EditUnitRange const & range() const { return range_; }
     void isDone(bool isDone) { isDone_ = isDone; }
@@ -72,6 +76,8 @@ private:
     std::optional<Int64> duration_;
     EditUnitRange range_;
     Tracks tracks_;
+    std::vector<unsigned> trackNumbers_; // of all tracks, wanted or not
+    std::optional<unsigned> strayNumber_;
     bool isOnlyTrack_; // whatever its number says
     bool isDone_ = false;
     bool isCounted_ = true;

@@ -350,11 +350,16 @@ void UnwrapCommand::report(Job const & job, bool asJson, Output & output) const
 {
     nlohmann::ordered_json list = nlohmann::ordered_json::array();
     for (auto const & container : job.containers)
+    {
         for (auto const & track : container->tracks())
             if (asJson)
                 list.push_back(jsonOf(*track, container->isCounted()));
             else
                 output.buffer().append(lineOf(*track, container->isCounted()));
+        if (container->strayNumber() && !asJson)
+            output.buffer().append(fmt::format("  elements of no track were left there, the first numbered 0x{:08x}\n",
+                                               *container->strayNumber()));
+    }
     if (asJson)
         output.buffer().append(list.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n");
 }

@@ -202,6 +202,26 @@ TEST(Unwrap, TakesACutFileUpToTheCut)
     EXPECT_GE(before, EDIT_UNITS - 2);
 }
 
+TEST(Unwrap, TellsOfElementsThatNoTrackHas)
+{
+    VANTRY_NEEDS_FFMPEG();
+    ScratchFolder const scratch;
+    make(scratch, PICTURE + SOUND + "-c:v mpeg2video -c:a pcm_s16le -f mxf");
+    std::string const LINE = "  elements of no track were left there, the first numbered 0x17010";
+    auto const told = [&]
+    {
+        return runVantry(scratch, "unwrap a.mxf -o out --force --track 2").output;
+    };
+    EXPECT_EQ(told().find(LINE.substr(0, 22)), std::string::npos) << "a track that isn't wanted, and system items";
+
+    Bytes bytes = readFile(scratch.path() / "a.mxf");
+    Bytes const key = hex("06 0E 2B 34 01 02 01 01 0D 01 03 01 16");
+    for (auto at = bytes.begin(); (at = std::search(at, bytes.end(), key.begin(), key.end())) != bytes.end(); ++at)
+        at[12] = 0x17;
+    writeFile(scratch.path() / "a.mxf", bytes);
+    EXPECT_NE(told().find("\n" + LINE), std::string::npos) << told();
+}
+
 TEST(Unwrap, KeepsFilesAndLeavesNothingHalfDone)
 {
     VANTRY_NEEDS_FFMPEG();
