@@ -69,7 +69,7 @@ private:
 [[noreturn]] void refuseMixture(FoundEssence const & found)
 {
     throw Failure(ExitStatus::WRONG_USAGE, found.file,
-                  "doesn't go with --d10, which takes one stream of MPEG-2 video and sound beside it");
+                  "doesn't go with --d10, which takes one stream of MPEG-2 video and waves beside it");
 }
 
 void checkKinds(std::vector<FoundEssence> const & essence)

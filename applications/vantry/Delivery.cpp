@@ -38,6 +38,8 @@ void Delivery::requireFree() const
     std::error_code ignored;
     if (!fs::exists(fs::symlink_status(target_, ignored)))
         return;
+    if (fs::is_other(target_, ignored))
+        throw Failure(ExitStatus::FAILED, target_.string(), "is no plain file, and stays as it is");
     if (!force_)
         throw Failure(ExitStatus::FAILED, target_.string(), "is there already, and kept without --force");
 }

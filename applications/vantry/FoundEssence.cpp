@@ -256,9 +256,7 @@ std::vector<FoundEssence> findEssence(std::string const & file)
         refuse(file, "is empty");
     if (isCodestream(head))
         refuse(file, "is a single JPEG 2000 codestream, and pictures are taken by the folder");
-    refuse(
-        file,
-        "is none of what can be wrapped: waves, S302M sound, MPEG-2 video, DV, AVI and PES of these, ancillary data");
+    refuse(file, "is none of what can be wrapped, which vantry wrap --help lists");
 }
 
 Source openEssence(FoundEssence const & essence)

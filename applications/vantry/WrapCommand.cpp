@@ -107,7 +107,7 @@ void WrapCommand::declareOptions(Options & options)
 {
     options.files(
         inputs_, "INPUT",
-        "Wave files, streams of MPEG-2 video (also in PES packets) and DV, AVI files of DV and PCM, folders of "
+        "Wave files, streams of MPEG-2 video (also in PES packets) and DV, AVI files of these and PCM, folders of "
         "JPEG 2000 codestreams, sound of SMPTE 302M, ancillary data of SMPTE 436M");
     options.requiredText("-o,--output", output_, "FILE", "The file to make; of several in opatom, the folder for them");
     options.text("--pattern", pattern_, "op1a|opatom",

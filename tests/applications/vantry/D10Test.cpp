@@ -288,7 +288,7 @@ TEST_F(D10Test, RefusesWhatIsNotD10)
         {"good.m2v eight.wav eight.wav",      1, "eight.wav: brings the sound to 16 channels, and D-10 takes 8 at most"},
         {"good.m2v cut.wav",                  1, "cut.wav: The wave stream ends at byte 20000, 76044 bytes short of its sound"},
         {"good.m2v",                          2, "good.m2v: is alone, and --d10 takes sound beside pictures"},
-        {"good.m2v good.m2v stereo.wav",      2, "good.m2v: doesn't go with --d10, which takes one stream of MPEG-2 video and sound beside it"},
+        {"good.m2v good.m2v stereo.wav",      2, "good.m2v: doesn't go with --d10, which takes one stream of MPEG-2 video and waves beside it"},
         {"good.m2v stereo.wav --kag 1024",    2, "w.mxf: --d10 has a grid of 512 bytes"},
         {"good.m2v --wrapping clip",          2, "w.mxf: --d10 is op1a, and wraps by the frame"},
         {"good.m2v stereo.wav --edit-rate 24", 2, "w.mxf: good.m2v has 25/1 pictures a second, and the file 24/1"},
