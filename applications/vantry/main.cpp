@@ -13,9 +13,10 @@ int main(int argumentCount, char ** arguments)
 {
     using namespace Vantry::Application;
 
-    // A reader of the result that has gone shows as a failed write then, and
-    // the command ends in order.
+    // A reader of the result that has gone, and a limit on the size of files,
+    // show as a failed write then, and the command ends in order.
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
     endOnLostWindow();
 
     Program program;
