@@ -105,12 +105,12 @@ EditRate editRateOf(Templates::Rational<Int64> const & rate)
 /// file is cut in it or behind it. Tracks that count samples mostly are clips.
 bool mayBeFrame(MXFIO::Reader2 & reader, EssenceContainer const & container, bool isCut)
 {
-    bool const isLabelled = container.wrapping == RP224UniversalLabels::FRAME;
+    bool const isLikely = container.wrapping == RP224UniversalLabels::FRAME || container.tracks.size() > 1;
     if (isCut)
-        return isLabelled;
+        return isLikely;
     Templates::Rational<Int64> const & rate = container.tracks.front().editRate;
     bool const isOfSamples = rate > 0 && editRateOf(rate).isOfSamples();
-    if (isOfSamples || !(isLabelled || container.tracks.size() > 1))
+    if (isOfSamples || !isLikely)
         return false;
     return ask([&] { return reader.footerPartition(); }) == nullptr;
 }
