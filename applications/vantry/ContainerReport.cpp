@@ -2,6 +2,7 @@
 
 #include "EssenceStream.h"
 #include "FileLayout.h"
+#include "MXFIO/EssenceUtils.h"
 #include "MXFIO/Partition.h"
 #include "Packs/PartitionPack.h"
 #include "UntiedStream.h"
@@ -108,7 +109,7 @@ void ContainerReport::claimAnyStream(std::map<unsigned int, ContainerClaim> & cl
             continue;
         EssenceStream const stream(layout_, bodySID, ofStreams);
         if (std::optional<FirstPacket> const first = FirstPacket::find(layout_.file(), stream))
-            streams.push_back({bodySID, elementNumberOf(first->key)});
+            streams.push_back({bodySID, MXFIO::key2TrackNumber(first->key)});
     }
     if (streams.empty())
         return;

@@ -7,6 +7,7 @@
 #include "KLV/KeyPredicates.h"
 #include "KLV/Packet.h"
 #include "KLV/Reader.h"
+#include "MXFIO/EssenceUtils.h"
 #include "MXFIO/Partition.h"
 #include "MXFIO/Reader2.h"
 #include "Packs/PartitionPack.h"
@@ -221,7 +222,7 @@ std::vector<StreamStart> streamsIn(MXFIO::Reader2 & reader)
                     continue;
                 Templates::auto_ptr<KLV::Packet> const first = firstElementOf(*partition);
                 if (first.get() != nullptr)
-                    streams.push_back({*found.insert(pack.bodySID()).first, elementNumberOf(first->key())});
+                    streams.push_back({*found.insert(pack.bodySID()).first, MXFIO::key2TrackNumber(first->key())});
             }
             return true;
         });

@@ -3,7 +3,7 @@
 #include "BlockSource.h"
 #include "KLV/KeyPredicates.h"
 #include "KLV/Packet.h"
-#include "UntiedStream.h"
+#include "MXFIO/EssenceUtils.h"
 
 #include <algorithm>
 #include <limits>
@@ -52,12 +52,13 @@ ContainerUnwrap::ContainerUnwrap(EssenceContainer const & container, ContainerSu
     for (EssenceTrack const & track : container.tracks)
         trackNumbers_.push_back(track.trackNumber);
     unsigned const number = trackNumbers_.front();
-    isOnlyTrack_ = container.tracks.size() == 1 && !(survey.firstKey && elementNumberOf(*survey.firstKey) == number);
+    isOnlyTrack_ =
+        container.tracks.size() == 1 && !(survey.firstKey && MXFIO::key2TrackNumber(*survey.firstKey) == number);
 }
 
 UnwrappedTrack * ContainerUnwrap::trackOf(KLV::Packet const & packet)
 {
-    unsigned const number = elementNumberOf(packet.key());
+    unsigned const number = MXFIO::key2TrackNumber(packet.key());
     for (auto const & track : tracks_)
         if (track->track().trackNumber == number)
             return track.get();

@@ -22,13 +22,6 @@ bool isFilePackage(Structural::GenericPackage const & package)
     return descriptor != nullptr && valueOf<Types::UniversalLabel>(*descriptor, ULs::essenceContainer()) != nullptr;
 }
 
-unsigned elementNumberOf(KLV::Key const & key)
-{
-    int const NUMBER = 12;
-    return unsigned(key[NUMBER]) << 24 | unsigned(key[NUMBER + 1]) << 16 | unsigned(key[NUMBER + 2]) << 8 |
-           key[NUMBER + 3];
-}
-
 std::string StreamChoice::text() const
 {
     return fmt::format("the metadata don't tell where the essence of their file package is: body SID {} is taken",

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "KLV/Key.h"
-
 #include <string>
 #include <vector>
 
@@ -14,9 +12,6 @@ namespace Application {
 
 /// Whether a package describes essence in a file.
 bool isFilePackage(Metadata::Structural::GenericPackage const & package);
-
-/// What the key of an element has in common with the number of its track.
-unsigned elementNumberOf(KLV::Key const & key);
 
 /// How a stream of essence begins.
 struct StreamStart
