@@ -1,31 +1,33 @@
 #include "EightChannelOutput.h"
 
 #include "DataIO/Memory/MemoryDataSource.h"
+#include "Essence/AES3/S331M.h"
 #include "Essence/Converters/S331MDemux.h"
 #include "KLV/Value.h"
 
 #include <algorithm>
+#include <cstring>
 #include <fmt/format.h>
 
 namespace Vantry { namespace Application {
 
+namespace S331M = Essence::AES3::S331M;
+
 namespace {
 
-// An element (SMPTE 331M): flags, a count of samples, flags of valid channels,
-// and for each sample a word of four bytes for each channel.
-std::size_t const COUNT = 1;
-std::size_t const VALID_CHANNELS = 3;
-std::size_t const HEADER_SIZE = 4;
-unsigned int const CHANNELS = 8;
-std::size_t const SAMPLE_SIZE = 4 * CHANNELS;
-std::size_t const LARGEST_ELEMENT = HEADER_SIZE + 0xFFFF * SAMPLE_SIZE;
+std::size_t const HEADER_SIZE = sizeof(S331M::ElementHeader);
+std::size_t const LARGEST_ELEMENT = HEADER_SIZE + 0xFFFF * S331M::SAMPLE_SIZE;
 
-// Bytes of a sample of one channel as they are handed out.
-std::size_t const HANDED_OUT = 3;
+S331M::ElementHeader headerOf(std::vector<unsigned char> const & element)
+{
+    S331M::ElementHeader header;
+    std::memcpy(static_cast<void *>(&header), element.data(), HEADER_SIZE);
+    return header;
+}
 
 // Holds the samples of any element, and of several usual ones.
 std::size_t const PENDING_SIZE = 1 << 21;
-static_assert(PENDING_SIZE > 0xFFFF * CHANNELS * HANDED_OUT);
+static_assert(PENDING_SIZE > 0xFFFF * S331M::CHANNELS * S331M::DECODED_SIZE);
 
 }
 
@@ -33,7 +35,7 @@ static_assert(PENDING_SIZE > 0xFFFF * CHANNELS * HANDED_OUT);
 class EightChannelOutput::Demux : public Essence::Converters::S331MDemux
 {
 public:
-    explicit Demux(std::vector<unsigned char> & samples) : S331MDemux(CHANNELS), samples_(samples)
+    explicit Demux(std::vector<unsigned char> & samples) : S331MDemux(S331M::CHANNELS), samples_(samples)
     {
         ignoreValidChannelFlag(true);
     }
@@ -71,8 +73,8 @@ void EightChannelOutput::endElement()
 {
     if (element_.size() >= HEADER_SIZE)
     {
-        unsigned int const claimed = element_[COUNT] + 256u * element_[COUNT + 1];
-        auto const there = static_cast<unsigned int>((element_.size() - HEADER_SIZE) / SAMPLE_SIZE);
+        unsigned int const claimed = headerOf(element_).sampleCount;
+        auto const there = static_cast<unsigned int>((element_.size() - HEADER_SIZE) / S331M::SAMPLE_SIZE);
         if (there < claimed)
             note(fmt::format("an element of eight-channel sound has {} samples in place of {}", there, claimed));
         takeApart(std::min(claimed, there));
@@ -87,18 +89,19 @@ void EightChannelOutput::takeApart(unsigned int samples)
 {
     if (samples == 0)
         return;
-    unsigned int const valid = element_[VALID_CHANNELS];
+    S331M::ElementHeader header = headerOf(element_);
+    unsigned int const valid = header.channelValidFlags;
     if (!wave_)
         open(valid);
-    for (unsigned int channel = 0; channel < CHANNELS; ++channel)
+    for (unsigned int channel = 0; channel < S331M::CHANNELS; ++channel)
         if ((valid >> channel & 1) != 0 && std::find(channels_.begin(), channels_.end(), channel) == channels_.end())
             note(
                 fmt::format("channel {} has sound that begins later than the others', and isn't written", channel + 1));
 
-    element_[0] = 0;
-    element_[COUNT] = static_cast<unsigned char>(samples);
-    element_[COUNT + 1] = static_cast<unsigned char>(samples >> 8);
-    DataIO::Memory::MemoryDataSource source(element_.data(), HEADER_SIZE + samples * SAMPLE_SIZE);
+    header.flags = 0;
+    header.sampleCount = static_cast<unsigned short>(samples);
+    std::memcpy(element_.data(), &header, HEADER_SIZE);
+    DataIO::Memory::MemoryDataSource source(element_.data(), HEADER_SIZE + samples * S331M::SAMPLE_SIZE);
     KLV::Value value(source, source.remaining());
     demux_->handleData(value);
     write(samples_);
@@ -106,7 +109,7 @@ void EightChannelOutput::takeApart(unsigned int samples)
 
 void EightChannelOutput::open(unsigned int validChannels)
 {
-    for (unsigned int channel = 0; channel < CHANNELS; ++channel)
+    for (unsigned int channel = 0; channel < S331M::CHANNELS; ++channel)
         if ((validChannels >> channel & 1) != 0)
             channels_.push_back(channel);
     for (unsigned int channel = 0; validChannels == 0 && channel < format_.channels; ++channel)
@@ -118,7 +121,7 @@ void EightChannelOutput::open(unsigned int validChannels)
 void EightChannelOutput::write(std::vector<unsigned char> const & samples)
 {
     std::size_t const bytes = format_.bitsPerSample / 8;
-    std::size_t const size = samples.size() / (CHANNELS * HANDED_OUT) * channels_.size() * bytes;
+    std::size_t const size = samples.size() / (S331M::CHANNELS * S331M::DECODED_SIZE) * channels_.size() * bytes;
     if (pending_.size() + size > pending_.capacity())
         flush();
     std::size_t const start = pending_.size();
@@ -126,9 +129,10 @@ void EightChannelOutput::write(std::vector<unsigned char> const & samples)
 
     // The low byte goes where samples are shorter.
     unsigned char * to = pending_.data() + start;
-    for (auto from = samples.begin(); from != samples.end(); from += CHANNELS * HANDED_OUT)
+    for (auto from = samples.begin(); from != samples.end(); from += S331M::CHANNELS * S331M::DECODED_SIZE)
         for (unsigned int channel : channels_)
-            to = std::copy_n(from + static_cast<std::ptrdiff_t>((channel + 1) * HANDED_OUT - bytes), bytes, to);
+            to =
+                std::copy_n(from + static_cast<std::ptrdiff_t>((channel + 1) * S331M::DECODED_SIZE - bytes), bytes, to);
     wave_->append(pending_.data() + start, size);
 }
 

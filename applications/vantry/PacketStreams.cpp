@@ -1,6 +1,7 @@
 #include "PacketStreams.h"
 
 #include "BigEndianText.h"
+#include "Essence/AES3/S302M/Header.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -26,7 +27,7 @@ unsigned char const LAST_VIDEO = 0xEF;
 std::size_t const PACK_SIZE = 14;
 std::size_t const OLD_PACK_SIZE = 12;
 
-std::size_t const S302M_HEADER_SIZE = 4;
+std::size_t const S302M_HEADER_SIZE = Essence::AES3::S302M::Header::size();
 
 std::optional<unsigned char> identifierAt(std::string_view head)
 {

@@ -1,6 +1,7 @@
 #include "WholeSoundPackets.h"
 
 #include "BigEndianText.h"
+#include "Essence/AES3/S302M/Header.h"
 #include "Exceptions/InvalidFormat.h"
 
 #include <algorithm>
@@ -10,10 +11,8 @@ namespace Vantry { namespace Application {
 
 namespace {
 
-// A header has four bytes, the first two of which tell the size of what follows
-// them.
+// The first bytes of a header, which tell the size of what follows it.
 UInt64 const SIZE_SIZE = 2;
-UInt64 const HEADER_SIZE = 4;
 
 }
 
@@ -51,7 +50,7 @@ void WholeSoundPackets::follow(DataIO::Slice const & slice, UInt64 offset)
         size_.append(reinterpret_cast<char const *>(slice.begin()) + at, taken);
         if (size_.size() < SIZE_SIZE)
             return;
-        nextPacket_ += HEADER_SIZE + numberAt<UInt16>(size_, 0);
+        nextPacket_ += Essence::AES3::S302M::Header::size() + numberAt<UInt16>(size_, 0);
         size_.clear();
     }
 }

@@ -4,6 +4,7 @@
 #include "Platform/LittleEndian.h"
 
 #include <algorithm>
+#include <cstring>
 #include <string>
 #include <utility>
 
@@ -27,10 +28,9 @@ UInt64 const RIFF_HEADER_SIZE = 8;
 UInt64 claimedSizeOf(DataIO::SliceReader & reader)
 {
     auto_ptr<Slice> header = reader.read(RIFF_HEADER_SIZE);
-    UInt64 size = 0;
+    Platform::LittleEndian<UInt32> size;
     if (header->size() == RIFF_HEADER_SIZE)
-        for (unsigned char const * byte = header->end(); byte != header->begin() + 4; --byte)
-            size = size << 8 | byte[-1];
+        std::memcpy(static_cast<void *>(&size), header->end() - sizeof(size), sizeof(size));
     reader.unget(header);
     return RIFF_HEADER_SIZE + size;
 }

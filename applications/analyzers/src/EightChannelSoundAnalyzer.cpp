@@ -1,5 +1,6 @@
 #include "Analyzers/EightChannelSoundAnalyzer.h"
 
+#include "Essence/AES3/S331M.h"
 #include "Essence/Converters/S331MMux.h"
 #include "Essence/SampleCountSelector.h"
 #include "Exceptions/InvalidFormat.h"
@@ -16,6 +17,7 @@
 
 namespace Vantry { namespace Analyzers {
 
+namespace S331M = Essence::AES3::S331M;
 using Essence::Converters::S331MMux;
 using GenericContainer::EditUnit;
 using Metadata::Structural::GenericSoundEssenceDescriptor;
@@ -31,10 +33,6 @@ ElementCoding const EIGHT_CHANNELS = {0x06,
                                       {0x06, 0x0E, 0x2B, 0x34, 0x04, 0x01, 0x01, 0x01, //
                                        0x0D, 0x01, 0x03, 0x01, 0x02, 0x01, 0x00, 0x01},
                                       15};
-
-// Bytes of an element: its header, and a word for each channel of a sample.
-unsigned int const HEADER_SIZE = 4;
-unsigned int const SAMPLE_SIZE = 32;
 
 void check(bool isSo, std::string const & otherwise)
 {
@@ -117,7 +115,8 @@ bool EightChannelSoundAnalyzer::preload()
     if (impl_->sounds.empty() || impl_->isPairOpen)
         return false;
     Essence::SampleCountSelector const samples(static_cast<int>(SAMPLING_RATE), editRate());
-    impl_->largestElement = HEADER_SIZE + samples.maximumSampleCount() * SAMPLE_SIZE;
+    impl_->largestElement =
+        static_cast<unsigned int>(sizeof(S331M::ElementHeader) + samples.maximumSampleCount() * S331M::SAMPLE_SIZE);
     return true;
 }
 
